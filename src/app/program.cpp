@@ -1,0 +1,33 @@
+#include "app/program.h"
+
+#include <system_error>
+
+#include "platform/text.h"
+
+namespace melvane {
+
+Program::Program(Outside& outside)
+    : outside_(outside),
+      window_(studio_),
+      engine_(studio_, outside, window_, window_, toolWindows_),
+      picker_(studio_, engine_.picker, &window_) {
+    window_.attach(engine_);
+}
+
+bool Program::mayStart() { return engine_.startUp.IsOsSupported() && !engine_.startUp.IsAlreadyRunning(); }
+
+void Program::start() {
+    std::error_code failed;  // without it, only relative names of the user's would lie elsewhere
+    std::filesystem::current_path(outside_.directories.program, failed);
+    engine_.startUp.Form_Load();
+    window_.show();
+    outside_.loop.Idle();
+}
+
+void Program::openScore(const std::filesystem::path& path) {
+    studio_.score.SaveFileName = lowerCase(path.string());
+    studio_.score.ScoreFileName = studio_.score.SaveFileName;
+    engine_.files.OpenPoliFile(path.string());
+}
+
+}  // namespace melvane

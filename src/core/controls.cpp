@@ -1,0 +1,73 @@
+#include "core/controls.h"
+
+#include <algorithm>
+
+namespace melvane {
+
+std::optional<long long> wholeNumber(const Value& value) {
+    if (const auto* whole = std::get_if<long long>(&value)) return *whole;
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth ? 1 : 0;
+    if (const auto* flag = std::get_if<Flag>(&value)) return flag->on ? 1 : 0;
+    return std::nullopt;
+}
+
+bool TextControl::userPut(const Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) {
+        set(*text);
+        return true;
+    }
+    const auto whole = wholeNumber(value);
+    if (whole) set(std::to_string(*whole));
+    return whole.has_value();
+}
+
+bool CheckControl::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole) return false;
+    if (store(value_, *whole != 0 ? 1 : 0)) act();
+    return true;
+}
+
+std::string ListControl::text() const {
+    return index_ >= 0 ? items_[static_cast<std::size_t>(index_)] : std::string();
+}
+
+void ListControl::fill(std::vector<std::string> items) {
+    index_ = -1;
+    items_ = std::move(items);
+    if (changed) changed();
+}
+
+void ListControl::set(int index) {
+    if (index >= -1 && index < static_cast<int>(items_.size())) store(index_, index);
+}
+
+bool ListControl::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole || *whole < 0 || *whole >= static_cast<long long>(items_.size())) return false;
+    set(static_cast<int>(*whole));
+    act();
+    return true;
+}
+
+double SliderControl::fractionAt(double X) const {
+    const double way = trackWidth - pointerWidth;
+    return way > 0 ? std::clamp(X - pointerWidth / 2.0, 0.0, way) / way : 0;
+}
+
+bool ScrollControl::takes(int value) const {
+    return value >= std::min(minimum_, maximum_) && value <= std::max(minimum_, maximum_);
+}
+
+void ScrollControl::set(int value) {
+    if (takes(value) && store(value_, value)) act();
+}
+
+bool ScrollControl::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole || !takes(static_cast<int>(std::clamp(*whole, -100000LL, 100000LL)))) return false;
+    set(static_cast<int>(*whole));
+    return true;
+}
+
+}  // namespace melvane

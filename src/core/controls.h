@@ -1,0 +1,162 @@
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/values.h"
+
+namespace melvane {
+
+struct Colour {
+    std::uint8_t red = 0, green = 0, blue = 0;
+    bool operator==(const Colour&) const = default;
+};
+
+/// What a control holds, apart from the widget that shows it. The engine reads and sets it; a widget is told
+/// of each change by `changed`, and what the user does comes in by userPut, which runs `acted`.
+///
+/// Which settings by the program run the handler too differs by kind: texts and scroll bars do (their event
+/// is a change), lists, ticks and options do not (theirs is a click). User-interface thread.
+class Control {
+ public:
+    Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control() = default;
+
+    std::function<void()> changed;  ///< set by the one widget that shows this control
+    std::function<void()> acted;    ///< set by the engine: the handler of the control's own event
+
+    bool visible() const { return visible_; }
+    bool enabled() const { return enabled_; }
+    const std::string& tip() const { return tip_; }
+    void setVisible(bool on) { store(visible_, on); }
+    void setEnabled(bool on) { store(enabled_, on); }
+    void setTip(std::string tip) { store(tip_, std::move(tip)); }
+
+    /// What it shows: text, tick, list index or position, as its kind has it.
+    virtual Value shown() const { return {}; }
+    /// Sets it as the user would. False when it cannot take such a value.
+    virtual bool userPut(const Value&) { return false; }
+
+ protected:
+    /// Answers whether `value` was new.
+    template <class Held>
+    bool store(Held& held, Held value) {
+        if (held == value) return false;
+        held = std::move(value);
+        if (changed) changed();
+        return true;
+    }
+    void act() {
+        if (acted) acted();
+    }
+
+ private:
+    bool visible_ = true;
+    bool enabled_ = true;
+    std::string tip_;
+};
+
+/// A label or text box. A change of its text runs the handler, whoever made it.
+class TextControl : public Control {
+ public:
+    TextControl() = default;
+    explicit TextControl(std::string text) : text_(std::move(text)) {}
+    const std::string& text() const { return text_; }
+    void set(std::string text) {
+        if (store(text_, std::move(text))) act();
+    }
+    Colour backColour() const { return backColour_; }
+    void setBackColour(Colour colour) { store(backColour_, colour); }
+    Value shown() const override { return text_; }
+    bool userPut(const Value& value) override;
+
+ private:
+    std::string text_;
+    Colour backColour_{255, 255, 255};
+};
+
+/// A tick, an option or a push button that stays down: 0 or 1. Only the user's click runs the handler.
+class CheckControl : public Control {
+ public:
+    CheckControl() = default;
+    explicit CheckControl(bool ticked) : value_(ticked ? 1 : 0) {}
+    int value() const { return value_; }
+    bool ticked() const { return value_ == 1; }
+    void set(bool ticked) { store(value_, ticked ? 1 : 0); }
+    Value shown() const override { return static_cast<long long>(value_); }
+    bool userPut(const Value& value) override;
+
+ private:
+    int value_ = 0;
+};
+
+/// A list or drop-down. Only the user's choice runs the handler.
+class ListControl : public Control {
+ public:
+    const std::vector<std::string>& items() const { return items_; }
+    /// -1 when nothing is selected.
+    int index() const { return index_; }
+    /// The selected entry, or an empty text.
+    std::string text() const;
+    /// New entries; nothing is selected after it.
+    void fill(std::vector<std::string> items);
+    /// An index that the list does not have, other than -1, is not taken.
+    void set(int index);
+    Value shown() const override { return static_cast<long long>(index_); }
+    bool userPut(const Value& value) override;
+
+ private:
+    std::vector<std::string> items_;
+    int index_ = -1;
+};
+
+/// A scroll bar. A change of its value runs the handler, whoever made it; a value outside its range is not
+/// taken.
+class ScrollControl : public Control {
+ public:
+    int minimum() const { return minimum_; }
+    int maximum() const { return maximum_; }
+    int largeChange() const { return largeChange_; }
+    int value() const { return value_; }
+    void setMinimum(int minimum) { store(minimum_, minimum); }
+    void setMaximum(int maximum) { store(maximum_, maximum); }
+    void setLargeChange(int change) { store(largeChange_, change); }
+    void set(int value);
+    Value shown() const override { return static_cast<long long>(value_); }
+    bool userPut(const Value& value) override;
+
+ private:
+    bool takes(int value) const;
+    int minimum_ = 0, maximum_ = 32767, largeChange_ = 1, value_ = 0;
+};
+
+/// A slider's track with its pointer, as far as a drag must be reckoned; widths in logical pixels, set by the
+/// widget.
+class SliderControl : public Control {
+ public:
+    int trackWidth = 76, pointerWidth = 10;
+    /// How far along its way the pointer stands with the mouse at X from the track's left edge: 0 to 1.
+    double fractionAt(double X) const;
+};
+
+/// A picture area or panel: what the engine must know of its size, in logical pixels.
+class AreaControl : public Control {
+ public:
+    int width() const { return width_; }
+    int height() const { return height_; }
+    void setWidth(int width) { store(width_, width); }
+    void setHeight(int height) { store(height_, height); }
+    Value shown() const override { return static_cast<long long>(height_); }
+
+ private:
+    int width_ = 0, height_ = 0;
+};
+
+/// The whole number that a value stands for, if it does.
+std::optional<long long> wholeNumber(const Value& value);
+
+}  // namespace melvane

@@ -1,0 +1,35 @@
+#pragma once
+#include "core/studio.h"
+
+/// What drawing on the tablet and on the tableau have in common.
+namespace melvane {
+
+namespace mouse {
+inline constexpr int left = 1, right = 2;  ///< buttons, added together in a move
+}
+
+namespace edit_mode {
+inline constexpr int draw = 0, position = 1, select = 2;
+}
+
+namespace right_click {
+inline constexpr int erase = 0, menu = 1, chord = 2;
+}
+
+inline constexpr int fullVelocity = 127;
+
+/// The column of the page in which X lies, in pixels from its left edge; far outside, the nearest million
+/// pixels count.
+int pageColumn(double X);
+
+/// NoteColumn takes the absolute column under the mouse.
+void noteColumnUnderMouse(Studio& studio, double X);
+
+/// Takes the column under the mouse as the drag's end, kept inside the page and not before the press. False,
+/// with the bare column kept, when it is the one drawn last.
+bool takeDragEnd(Studio& studio, double X);
+
+/// The column of the page in which a drag ends at its release.
+void takeReleaseColumn(Studio& studio, double X);
+
+}  // namespace melvane

@@ -1,0 +1,66 @@
+#pragma once
+#include <array>
+
+#include "core/controls.h"
+
+/// The controls of the main window and of the Setup toolbar whose contents the engine reads or sets.
+namespace melvane {
+
+struct MainControls {
+    AreaControl client;  ///< the window's client area
+    // the tablet and what lies around it
+    AreaControl Picmain, MusicBox, Beatbox, PicX, Pic2, Pic2a, Pic3, Picture11;
+    ScrollControl HScroll1, VScroll1;
+    // Quick Compose bar
+    ListControl Combo1;  ///< melody instruments
+    ListControl Combo2;  ///< MIDI devices
+    ListControl Combo3;  ///< chords, index 0 "Single Note"
+    ListControl Combo5;  ///< percussion instruments
+    TextControl Text5;   ///< instrument of the next note
+    TextControl Label5, Label7, LblTrk, LblNote, LblNoteName, LblVol, LblInst;
+    TextControl vol3{"127"}, T1{"0"}, T2{"0"}, T3{"0"}, T4{"0"};
+    AreaControl Picture7, Picture9;  ///< the grounds of the instrument and the chord
+    SliderControl lblVolume, LblMod, LblPan, LblReverb, LblChorus;
+    CheckControl Check1;                 ///< "Effects"
+    CheckControl Check4;                 ///< "Static note Test"
+    CheckControl Check2{true};           ///< the percussion tableau is open
+    std::array<TextControl, 13> Label8;  ///< channel labels; index 9 is not offered
+    /// The effect read-out: modulation, pan, reverb and chorus of the note under inspection, 0 to 127.
+    std::array<ScrollControl, 4> Picture10;
+    std::array<CheckControl, 15> Cmd2;  ///< the main toolbar; an entry is down while its state is on
+    CheckControl CmdInst;               ///< "Change instrument"
+    TextControl SideBar;                ///< the row names as one text; usually hidden
+    TextControl StatusText;             ///< what the user is told without a box
+};
+
+struct SetupControls {
+    std::array<CheckControl, 13> TrackSel, TrackHide;
+    std::array<CheckControl, 8> Ch, Chkstrum;
+    TextControl TempoLabel{"100"}, TxBeats{"4"}, Text1{"1000"}, Text2{"100"}, Text3{"8"}, Label2{"127"},
+        Label15{"Channel  Volume"};
+    TextControl LblInst1, LblInst2;
+    ScrollControl VScroll3;
+    CheckControl Check1{true};  ///< "Show Sharp # Notes Guide"
+    ListControl Combo2;         ///< MIDI devices, index 0 "MIDI Mapper"
+    ListControl Combo3;         ///< chords, without "Single Note"
+    std::int32_t SetupChannel = 0;
+};
+
+/// The note test panel, as far as the main window asks it.
+struct TestPanelControls {
+    bool loaded = false;
+    bool visible = false;
+    ListControl Combo3;
+    TextControl Text5;
+};
+
+/// The instrument picker; `window` is shown while it is open.
+struct PickerControls {
+    PickerControls() { window.setVisible(false); }
+    bool loaded = false;
+    bool placed = false;  ///< on the screen, since it was loaded
+    AreaControl window;
+    ListControl LstInstruments, LstInstruments2;
+};
+
+}  // namespace melvane

@@ -1,0 +1,86 @@
+#include "core/surface_view.h"
+
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <cmath>
+
+namespace melvane {
+
+SurfaceView::SurfaceView(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+int SurfaceView::device(int logical) const {
+    return static_cast<int>(std::lround(logical * devicePixelRatioF()));
+}
+
+bool SurfaceView::fits() const {
+    return picture_.size() == QSize(device(width()), device(height())) &&
+           picture_.devicePixelRatio() == devicePixelRatioF();
+}
+
+void SurfaceView::redraw() {
+    if (width() <= 0 || height() <= 0) {
+        picture_ = QImage();
+        return;
+    }
+    if (!fits()) {
+        picture_ = QImage(device(width()), device(height()), QImage::Format_RGB32);
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+    }
+    QPainter painter(&picture_);
+    paintSurface(painter, size());
+    painter.end();
+    surfaceRedrawn();
+    update();
+}
+
+const QImage& SurfaceView::picture() {
+    if (!fits()) redraw();
+    return picture_;
+}
+
+QImage& SurfaceView::pixels() {
+    picture();
+    return picture_;
+}
+
+void SurfaceView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawImage(0, 0, picture());
+    paintOver(painter);
+    if (!reachedByKeyboard_ || !hasFocus()) return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void SurfaceView::mousePressEvent(QMouseEvent* event) {
+    if (!mouse.pressed) return QWidget::mousePressEvent(event);
+    const QPointF at = event->position();
+    mouse.pressed(buttonMask(event->button()), shiftMask(*event), at.x(), at.y());
+}
+
+void SurfaceView::mouseMoveEvent(QMouseEvent* event) {
+    if (!mouse.moved) return QWidget::mouseMoveEvent(event);
+    const QPointF at = event->position();
+    mouse.moved(buttonMask(event->buttons()), shiftMask(*event), at.x(), at.y());
+}
+
+void SurfaceView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!mouse.released) return QWidget::mouseReleaseEvent(event);
+    const QPointF at = event->position();
+    mouse.released(buttonMask(event->button()), shiftMask(*event), at.x(), at.y());
+}
+
+void SurfaceView::focusInEvent(QFocusEvent* event) {
+    reachedByKeyboard_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QWidget::focusInEvent(event);
+    const bool windowCameBack =
+        event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (gotFocus && !windowCameBack) gotFocus();
+}
+
+void SurfaceView::focusOutEvent(QFocusEvent* event) {
+    reachedByKeyboard_ = false;
+    QWidget::focusOutEvent(event);
+}
+
+}  // namespace melvane

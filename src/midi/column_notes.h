@@ -1,0 +1,33 @@
+#pragma once
+#include "core/studio.h"
+#include "midi/sounding.h"
+
+namespace melvane {
+
+struct NameTables;
+
+/// The notes of a playback: what each column starts, holds and ends on the tracks that are not hidden.
+class ColumnNotes {
+ public:
+    ColumnNotes(Studio& studio, Sounding& sounding) : studio_(studio), sounding_(sounding) {}
+
+    /// Before the first column: nothing sounds, no instrument is in force.
+    void forgetPlayedCells();
+    /// Plays PlayColumn.
+    void PlayNotes();
+    /// Ends what the last column left sounding.
+    void stopVisibleNotes();
+    /// SongEndColumn: one past the last used column of the tracks that are not hidden.
+    void FindSongEnd();
+
+    void listNames(NameTables& tables);
+
+ private:
+    void playTrack(int track);
+    void changeSound(int track, int previous, int current);
+
+    Studio& studio_;
+    Sounding& sounding_;
+};
+
+}  // namespace melvane

@@ -1,0 +1,42 @@
+#include "shell/floating_windows_window.h"
+
+#include <utility>
+
+namespace melvane {
+
+void FloatingWindows::list(Window kind, std::string name, Make make) {
+    entries_.push_back({kind, std::move(name), std::move(make), nullptr});
+}
+
+QWidget* FloatingWindows::loaded(Window kind) const {
+    for (const auto& entry : entries_) {
+        if (entry.kind == kind && entry.window) return entry.window;
+    }
+    return nullptr;
+}
+
+void FloatingWindows::setShown(Window window, bool shown) {
+    if (QWidget* const widget = loaded(window)) widget->setVisible(shown);
+}
+
+void FloatingWindows::setEnabled(Window window, bool enabled) {
+    if (QWidget* const widget = loaded(window)) widget->setEnabled(enabled);
+}
+
+bool FloatingWindows::showWindow(const char* name) {
+    for (auto& entry : entries_) {
+        if (entry.name != name) continue;
+        if (!entry.window) entry.window = entry.make();
+        entry.window->show();
+        return true;
+    }
+    return false;
+}
+
+void FloatingWindows::unloadAll() {
+    for (auto& entry : entries_) {
+        if (entry.window) entry.window->close();
+    }
+}
+
+}  // namespace melvane

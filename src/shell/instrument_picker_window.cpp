@@ -1,0 +1,113 @@
+#include "shell/instrument_picker_window.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalBlocker>
+
+#include "shell/instrument_picker.h"
+
+namespace melvane {
+
+namespace {
+
+constexpr QSize usualSize(480, 440);
+constexpr int outerMargin = 12, space = 8;  // pixels
+
+void showList(QListWidget& widget, const ListControl& list) {
+    const QSignalBlocker quiet(widget);
+    if (widget.count() != static_cast<int>(list.items().size())) {
+        widget.clear();
+        for (const auto& item : list.items()) widget.addItem(QString::fromStdString(item));
+    }
+    widget.setCurrentRow(list.index());
+}
+
+QPushButton* makeButton(const char* name, const QString& text, const QString& tip, QWidget* parent) {
+    auto* const button = new QPushButton(text, parent);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAutoDefault(true);
+    return button;
+}
+
+}  // namespace
+
+FrmInst::FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent)
+    : QWidget(parent, Qt::Dialog), studio_(studio), picker_(picker) {
+    setObjectName("FrmInst");
+    setWindowTitle("Instruments");
+    setWindowModality(Qt::ApplicationModal);
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
+    grid->setSpacing(space);
+    grid->addWidget(new QLabel("Melody", this), 0, 0);
+    grid->addWidget(new QLabel("Percussion (double click)", this), 0, 1);
+    LstInstruments_ = makeList("LstInstruments", "Melody instruments", studio.FrmInst.LstInstruments);
+    LstInstruments2_ = makeList("LstInstruments2", "Percussion sounds, a double click takes one",
+                                studio.FrmInst.LstInstruments2);
+    grid->addWidget(LstInstruments_, 1, 0);
+    grid->addWidget(LstInstruments2_, 1, 1);
+    auto* const ok = makeButton("CmdOk", "OK", "Take the melody instrument", this);
+    auto* const cancel = makeButton("CmdCancel", "Cancel", "Leave the instruments as they are", this);
+    auto* const row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    grid->addLayout(row, 2, 0, 1, 2);
+    connect(ok, &QPushButton::clicked, this, [this] { picker_.CmdOk_Click(); });
+    connect(cancel, &QPushButton::clicked, this, [this] { picker_.CmdCancel_Click(); });
+    connect(LstInstruments_, &QListWidget::itemDoubleClicked, this, [this] { picker_.CmdOk_Click(); });
+    connect(LstInstruments2_, &QListWidget::itemDoubleClicked, this,
+            [this] { picker_.LstInstruments2_DblClick(); });
+    resize(usualSize);
+    studio.FrmInst.window.changed = [this] { follow(); };
+}
+
+QListWidget* FrmInst::makeList(const char* name, const char* title, ListControl& list) {
+    auto* const widget = new QListWidget(this);
+    widget->setObjectName(name);
+    widget->setAccessibleName(title);
+    widget->setToolTip(title);
+    list.changed = [widget, &list] { showList(*widget, list); };
+    connect(widget, &QListWidget::currentRowChanged, this, [&list](int row) { list.set(row); });
+    return widget;
+}
+
+void FrmInst::follow() {
+    if (!studio_.FrmInst.window.visible()) return hide();
+    if (!studio_.FrmInst.placed) centre();
+    studio_.FrmInst.placed = true;
+    show();
+    LstInstruments_->setFocus();
+    LstInstruments_->scrollToItem(LstInstruments_->currentItem(), QAbstractItemView::PositionAtCenter);
+}
+
+/// Once after each load: a place that the user chose is kept.
+void FrmInst::centre() {
+    const QRect room = (parentWidget() != nullptr ? parentWidget()->screen() : screen())->availableGeometry();
+    move(room.center() - rect().center());
+}
+
+void FrmInst::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (studio_.FrmInst.window.visible()) picker_.CmdCancel_Click();
+}
+
+void FrmInst::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            return picker_.CmdCancel_Click();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return LstInstruments2_->hasFocus() ? picker_.LstInstruments2_DblClick() : picker_.CmdOk_Click();
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace melvane

@@ -1,0 +1,35 @@
+#pragma once
+#include <QWidget>
+
+#include "core/studio.h"
+
+class QListWidget;
+
+namespace melvane {
+
+class InstrumentPicker;
+
+/// The instrument picker: a list of melody instruments beside one of percussion sounds. Shown while
+/// studio.FrmInst says so, in front of all other windows.
+class FrmInst : public QWidget {
+    Q_OBJECT
+
+ public:
+    FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent);
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    QListWidget* makeList(const char* name, const char* title, ListControl& list);
+    void follow();
+    void centre();
+
+    Studio& studio_;
+    InstrumentPicker& picker_;
+    QListWidget* LstInstruments_;
+    QListWidget* LstInstruments2_;
+};
+
+}  // namespace melvane

@@ -1,0 +1,105 @@
+#include "shell/main_toolbar.h"
+
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <algorithm>
+
+#include "shell/engine.h"
+#include "shell/qt_bindings.h"
+#include "shell/qt_elided_label.h"
+#include "shell/qt_icons.h"
+
+namespace melvane {
+
+namespace {
+
+constexpr int buttonSide = 36, iconSide = 24, groupSpace = 8;  // pixels
+
+struct Button {
+    const char* icon;
+    bool beginsGroup;
+    bool works;  ///< whether a press does anything yet
+};
+
+constexpr std::array<Button, 15> buttons{{{"clear", false, true},
+                                          {"open", false, true},
+                                          {"save", false, true},
+                                          {"right_erase", true, false},
+                                          {"rewind", true, true},
+                                          {"play", false, true},
+                                          {"stop", false, true},
+                                          {"silence", false, true},
+                                          {"setup", true, false},
+                                          {"editing", false, false},
+                                          {"recording", false, false},
+                                          {"tutorial", false, false},
+                                          {"help", true, false},
+                                          {"emblem", false, false},
+                                          {"keyboard", true, false}}};
+
+constexpr std::array rightClickIcons{"right_erase", "right_menu", "right_polynotes"};
+
+QToolButton* makeButton(int index, QWidget* parent) {
+    auto* const button = new QToolButton(parent);
+    const auto& entry = buttons[static_cast<std::size_t>(index)];
+    button->setObjectName(memberName("Cmd2", index));
+    button->setIcon(icon(entry.icon));
+    button->setIconSize({iconSide, iconSide});
+    button->setFixedSize(buttonSide, buttonSide);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(*MainToolbarCommands::tip(index) != 0 ? Qt::TabFocus : Qt::NoFocus);
+    button->setCheckable(true);
+    const QString tip = QString::fromUtf8(MainToolbarCommands::tip(index));
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    return button;
+}
+
+/// A press is a command, not a choice: which buttons stay down is for the program to say.
+void bindButton(QToolButton& button, CheckControl& state) {
+    bindShown(button, state, [&] { button.setChecked(state.ticked()); });
+    QObject::connect(&button, &QToolButton::toggled, &button, [&] {
+        const QSignalBlocker quiet(button);
+        button.setChecked(state.ticked());
+    });
+}
+
+}  // namespace
+
+MainToolbar::MainToolbar(Studio& studio, QWidget* parent) : QWidget(parent) {
+    setObjectName("toolbMenu");
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 12, 4);
+    row->setSpacing(0);
+    for (int index = 0; index < static_cast<int>(buttons_.size()); ++index) {
+        const auto at = static_cast<std::size_t>(index);
+        if (buttons[at].beginsGroup) row->addSpacing(groupSpace);
+        buttons_[at] = makeButton(index, this);
+        studio.form1.Cmd2[at].setEnabled(buttons[at].works);
+        bindButton(*buttons_[at], studio.form1.Cmd2[at]);
+        row->addWidget(buttons_[at]);
+    }
+    row->addSpacing(groupSpace);
+    auto* const status = new ElidedLabel(this);
+    status->setObjectName("StatusText");
+    status->setAccessibleName("Status");
+    status->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bind(*status, studio.form1.StatusText);
+    row->addWidget(status, 1);
+}
+
+void MainToolbar::attach(Engine& engine) {
+    for (int index = 0; index < static_cast<int>(buttons_.size()); ++index) {
+        connect(buttons_[static_cast<std::size_t>(index)], &QToolButton::clicked, this,
+                [&engine, index] { engine.toolbar.Cmd2_Click(index); });
+    }
+}
+
+void MainToolbar::showRightClickMode(int mode) {
+    const auto at = static_cast<std::size_t>(std::clamp(mode, 0, 2));
+    buttons_[3]->setIcon(icon(rightClickIcons[at]));
+}
+
+}  // namespace melvane

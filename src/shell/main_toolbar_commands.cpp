@@ -1,0 +1,104 @@
+#include "shell/main_toolbar_commands.h"
+
+#include <array>
+
+#include "core/names.h"
+
+namespace melvane {
+
+namespace {
+
+constexpr std::array<const char*, MainToolbarCommands::buttons> tips{
+    "Clear all notes",
+    "Open score (Ctrl+O)",
+    "Save as score or MIDI file (Ctrl+S)",
+    "Erase note on right-click",
+    "Return to start (F4)",
+    "Play notes (F5), pause with F6, repeat with F8",
+    "Stop playing (F7)",
+    "Stop all sound",
+    "Setup",
+    "Editing toolbar",
+    "Recording toolbar",
+    "Tutorial",
+    "Help",
+    "",
+    "Keyboard"};
+
+}  // namespace
+
+const char* MainToolbarCommands::tip(int index) {
+    return index >= 0 && index < buttons ? tips[static_cast<std::size_t>(index)] : "";
+}
+
+void MainToolbarCommands::Cmd2_Click(int Index) {
+    switch (Index) {
+        case 0:
+            score_.ClearAll();
+            channels_.Label8_Click(studio_.tracks.CurrentTrack);
+            break;
+        case 1:
+            aroundDialog(&ScoreFiles::Command33_Click);
+            break;
+        case 2:
+            aroundDialog(&ScoreFiles::mSaveAs_Click);
+            break;
+        case 4:
+            player_.RewindBut_Click();
+            break;
+        case 5:
+            player_.PlayAndStop_Click(0);
+            break;
+        case 6:
+            player_.PlayAndStop_Click(1);
+            break;
+        case 7:
+            panic_.Command32_Click();
+            break;
+        case 9:
+            toolWindows_.showWindow("Form2");
+            break;
+        case 10:
+            toolWindows_.showWindow("Record");
+            break;
+        case 11:
+            toolWindows_.showWindow("Wiz");
+            break;
+        case 14:
+            startUp_.OpenKeyboardWindow();
+            break;
+        default:
+            break;
+    }
+}
+
+void MainToolbarCommands::pause() {
+    if (studio_.player.Playing) studio_.player.PauseRequested = true;
+}
+
+void MainToolbarCommands::toggleLoop() {
+    auto& loops = studio_.player.LoopSong;
+    loops = !loops;
+    studio_.form1.StatusText.set(loops ? "The song repeats." : "The song plays once.");
+}
+
+void MainToolbarCommands::aroundDialog(void (ScoreFiles::*command)()) {
+    setToolWindows(false);
+    (files_.*command)();
+    setToolWindows(true);
+}
+
+void MainToolbarCommands::setToolWindows(bool shown) {
+    using Window = ToolWindows::Window;
+    const auto& shell = studio_.shell;
+    if (shell.Form2Open) toolWindows_.setShown(Window::editing, shown);
+    if (shell.Form3Open) toolWindows_.setShown(Window::setup, shown);
+    if (shell.RecorderOpen) toolWindows_.setShown(Window::recorder, shown);
+    if (shell.WizardOpen) toolWindows_.setShown(Window::tutorial, shown);
+}
+
+void MainToolbarCommands::listNames(NameTables& tables) {
+    tables.operations.add("form1", "Cmd2_Click", this, &MainToolbarCommands::Cmd2_Click);
+}
+
+}  // namespace melvane

@@ -1,0 +1,62 @@
+#pragma once
+#include "core/channel_selection.h"
+#include "core/main_frame.h"
+#include "core/score_model.h"
+#include "files/score_files.h"
+#include "midi/panic.h"
+#include "midi/player.h"
+#include "shell/start_up.h"
+
+namespace melvane {
+
+/// The fifteen buttons of the main toolbar, as one dispatcher.
+class MainToolbarCommands {
+ public:
+    MainToolbarCommands(Studio& studio, ToolWindows& toolWindows, ScoreModel& score,
+                        ChannelSelection& channels, ScoreFiles& files, Player& player, Panic& panic,
+                        StartUp& startUp)
+        : studio_(studio),
+          toolWindows_(toolWindows),
+          score_(score),
+          channels_(channels),
+          files_(files),
+          player_(player),
+          panic_(panic),
+          startUp_(startUp) {}
+
+    /// Index 0 to 14; another number does nothing.
+    void Cmd2_Click(int Index);
+
+    // The commands that keys reach too.
+    void openScore() { Cmd2_Click(1); }
+    void saveScore() { Cmd2_Click(2); }
+    void rewind() { Cmd2_Click(4); }
+    void play() { Cmd2_Click(5); }
+    void stop() { Cmd2_Click(6); }
+    /// Holds a playback in its place; the next play goes on from there. Nothing while none runs.
+    void pause();
+    /// Whether a playback begins anew at its end; told in the status text.
+    void toggleLoop();
+
+    void listNames(NameTables& tables);
+
+    static constexpr int buttons = 15;
+    /// What the user reads on button `index` (0 to 14).
+    static const char* tip(int index);
+
+ private:
+    /// Runs a file command with the open tool windows out of its dialog's way.
+    void aroundDialog(void (ScoreFiles::*command)());
+    void setToolWindows(bool shown);
+
+    Studio& studio_;
+    ToolWindows& toolWindows_;
+    ScoreModel& score_;
+    ChannelSelection& channels_;
+    ScoreFiles& files_;
+    Player& player_;
+    Panic& panic_;
+    StartUp& startUp_;
+};
+
+}  // namespace melvane

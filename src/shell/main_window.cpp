@@ -1,0 +1,231 @@
+#include "shell/main_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLayout>
+#include <QScreen>
+#include <algorithm>
+
+#include "core/side_bar_view.h"
+#include "core/strip_view.h"
+#include "core/tableau_view.h"
+#include "core/tablet_view.h"
+#include "shell/channel_labels_panel.h"
+#include "shell/engine.h"
+#include "shell/main_toolbar.h"
+#include "shell/qt_bindings.h"
+#include "shell/qt_keys.h"
+#include "shell/quick_compose_panel.h"
+#include "shell/tablet_panel.h"
+#include "shell/top_bar_panel.h"
+
+namespace melvane {
+
+namespace {
+
+// Pixels.
+constexpr int usualTableauHeight = 60, tableauSpace = 4;
+constexpr int barMargin = 8;
+constexpr int smallestTablet = 180;      // with what lies around it; the tableau leaves it so much
+constexpr QSize smallestWindow(57, 90);  // smaller than is of use: the user decides
+
+}  // namespace
+
+form1::form1(Studio& studio)
+    : studio_(studio),
+      client_(new QWidget(this)),
+      toolbar_(new MainToolbar(studio, client_)),
+      Picmain_(new TabletPanel(studio, client_)),
+      tableauName_(new QLabel("Beats", client_)),
+      Beatbox_(new TableauView(studio, client_)),
+      quickCompose_(new QuickComposePanel(studio, client_)) {
+    setObjectName("form1");
+    setWindowTitle("Melvane  v2.3 ");
+    setMinimumSize(smallestWindow);
+    client_->installEventFilter(this);
+    tableauName_->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    tableauName_->setContentsMargins(0, 3, 5, 0);
+    auto& tableau = studio.form1.Beatbox;
+    // Its height and visibility are the engine's to change, and move the rest of the window.
+    bindShown(*Beatbox_, tableau, [this] {
+        studio_.form1.Check2.set(studio_.form1.Beatbox.visible());
+        if (tableauHeight() != laidOutTableau_) layOut();
+    });
+    studio.form1.Check2.acted = [&studio] { studio.form1.Beatbox.setVisible(studio.form1.Check2.ticked()); };
+    Picmain_->tablet().setFocus();
+}
+
+form1::~form1() = default;
+
+void form1::attach(Engine& engine) {
+    engine_ = &engine;
+    toolbar_->attach(engine);
+    Picmain_->attach(engine);
+    Beatbox_->mouse = mouseHandlers(engine.tableau, &TableauEntry::Beatbox_MouseDown,
+                                    &TableauEntry::Beatbox_MouseMove, &TableauEntry::Beatbox_MouseUp);
+    Beatbox_->gotFocus = [&engine] { engine.tableau.Beatbox_GotFocus(); };
+    quickCompose_->attach(engine);
+    addKeys(*this, engine);
+    layOut();
+}
+
+// Pictures
+
+void form1::DrawNoteArray() {
+    Picmain_->tablet().redraw();
+    DrawTopBar();
+    quickCompose_->channels().showCurrentTrack();
+}
+
+void form1::clearTablet() { Picmain_->tablet().clearTablet(); }
+void form1::GetRow(int row) { Picmain_->tablet().GetRow(row); }
+void form1::PutRow(int row) { Picmain_->tablet().PutRow(row); }
+void form1::GetColumn(int column) { Picmain_->tablet().GetColumn(column); }
+void form1::PutColumn(int column) { Picmain_->tablet().PutColumn(column); }
+void form1::GetBox() { Picmain_->tablet().GetBox(); }
+void form1::PutBox() { Picmain_->tablet().PutBox(); }
+void form1::drawPlayCursor(int column) { Picmain_->tablet().drawPlayCursor(column); }
+void form1::setTabletPointer(TabletPointer pointer) { Picmain_->tablet().setTabletPointer(pointer); }
+void form1::drawHead(Area area, int column, int row) {
+    area == Area::tablet ? Picmain_->tablet().drawHead(column, row) : Beatbox_->drawHead(column, row);
+}
+void form1::drawDraggedNote(Area area, int column, int lastColumn, int row) {
+    area == Area::tablet ? Picmain_->tablet().drawDraggedNote(column, lastColumn, row)
+                         : Beatbox_->drawDraggedNote(column, lastColumn, row);
+}
+void form1::drawSelectionLine(int column) { Picmain_->tablet().drawSelectionLine(column); }
+void form1::markTestedNote(int x, int y) { Picmain_->tablet().markTestedNote(x, y); }
+void form1::drawSelectorCursor(int x, Colour colour) { Picmain_->selector().drawSelectorCursor(x, colour); }
+void form1::drawChordRing(int column, int row, Colour colour) {
+    Picmain_->tablet().drawChordRing(column, row, colour);
+}
+void form1::DrawBeatArray() { Beatbox_->redraw(); }
+void form1::DrawSideBar() {
+    // The rows of the page are known anew.
+    placeSurfaces();
+    Picmain_->sideBar().redraw();
+}
+void form1::DrawTopBar() { Picmain_->topBar().DrawTopBar(studio_); }
+void form1::DrawSelectorGrid() { Picmain_->selector().redraw(); }
+void form1::DrawBarStrip() { Picmain_->selector().redraw(); }
+void form1::DrawPolyStrip() { Picmain_->polynotes().redraw(); }
+void form1::fillPolyCell(int x, Colour colour) { Picmain_->polynotes().fillPolyCell(x, colour); }
+void form1::focusTablet() { Picmain_->tablet().setFocus(); }
+void form1::focusTableau() { Beatbox_->setFocus(); }
+
+// Frame
+
+double form1::screenWidth() const { return screen()->availableGeometry().width() * double{twipsAPixel}; }
+double form1::screenHeight() const { return screen()->availableGeometry().height() * double{twipsAPixel}; }
+
+WindowPlace form1::place() const {
+    return {pos().x() * double{twipsAPixel}, pos().y() * double{twipsAPixel}, width() * double{twipsAPixel},
+            height() * double{twipsAPixel}};
+}
+
+void form1::setPlace(const WindowPlace& place) {
+    const auto pixels = [](double twips) {
+        return qRound(std::clamp(twips / twipsAPixel, -32000.0, 32000.0));
+    };
+    const QPoint corner(pixels(place.left), pixels(place.top));
+    const QScreen* const there = QGuiApplication::screenAt(corner);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    const QSize most = room.size() - frame;
+    const QSize size =
+        QSize(pixels(place.width), pixels(place.height)).expandedTo(minimumSize()).boundedTo(most);
+    resize(size);
+    move(std::clamp(corner.x(), room.left(), room.left() + most.width() - size.width()),
+         std::clamp(corner.y(), room.top(), room.top() + most.height() - size.height()));
+}
+
+void form1::ApplySkin() {}
+
+void form1::show() { QWidget::show(); }
+void form1::hide() { QWidget::hide(); }
+void form1::unload() { close(); }
+
+void form1::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (unloaded_ || engine_ == nullptr) return;
+    unloaded_ = true;
+    engine_->startUp.Form_Unload();
+}
+
+bool form1::event(QEvent* event) {
+    const bool known = QWidget::event(event);
+    if (event->type() == QEvent::WindowActivate && engine_ != nullptr && !unloaded_) {
+        // The frame is known only now; with it the window may reach past the screen.
+        if (!framed_) setPlace(place());
+        framed_ = true;
+        engine_->startUp.Form_Activate();
+    }
+    return known;
+}
+
+void form1::changeEvent(QEvent* event) {
+    const bool stateChanged = event->type() == QEvent::WindowStateChange;
+    if (stateChanged) studio_.shell.Minimised = isMinimized();
+    if (stateChanged || event->type() == QEvent::FontChange) layOut();
+    QWidget::changeEvent(event);
+}
+
+/// The bar's panels may need other rows than they have.
+bool form1::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == client_ && event->type() == QEvent::LayoutRequest) {
+        if (quickCompose_->heightForWidth(quickCompose_->width()) != quickCompose_->height()) layOut();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void form1::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layOut();
+}
+
+// Layout
+
+int form1::tableauHeight() const {
+    const auto& tableau = studio_.form1.Beatbox;
+    if (!tableau.visible()) return 0;
+    return tableau.height() > 0 ? tableau.height() : usualTableauHeight;
+}
+
+void form1::layOut() {
+    if (layingOut_ || isMinimized()) return;
+    layingOut_ = true;
+    client_->setGeometry(rect());
+    const int width = client_->width(), height = client_->height();
+    toolbar_->setGeometry(0, 0, width, MainToolbar::height);
+    const int barWidth = width - 2 * barMargin;
+    const int barHeight = quickCompose_->heightForWidth(barWidth);
+    quickCompose_->setGeometry(barMargin, height - barHeight - barMargin, barWidth, barHeight);
+    surfacesBottom_ = height - barHeight - 2 * barMargin;
+    laidOutTableau_ = tableauHeight();
+    const int roomForTableau = surfacesBottom_ - MainToolbar::height - smallestTablet;
+    const int tableau = std::clamp(laidOutTableau_, 0, std::max(0, roomForTableau));
+    const int bottom = surfacesBottom_ - (tableau > 0 ? tableau + tableauSpace : 0);
+    tableauName_->setVisible(tableau > 0);
+    Picmain_->setGeometry(0, MainToolbar::height, width, std::max(0, bottom - MainToolbar::height));
+    Picmain_->tellSize();
+    auto& model = studio_.form1;
+    model.client.setWidth(width);
+    model.client.setHeight(height);
+    model.Beatbox.setWidth(Picmain_->columnsWidth());
+    if (model.Beatbox.height() == 0) model.Beatbox.setHeight(usualTableauHeight);
+    placeSurfaces();
+    if (engine_ != nullptr) engine_->page.Form_Resize();
+    layingOut_ = false;
+}
+
+/// The tableau follows the tablet's strips, and has what a page of few rows leaves free.
+void form1::placeSurfaces() {
+    Picmain_->layOut();
+    const int top = Picmain_->geometry().bottom() + 1 - Picmain_->unusedHeight() + tableauSpace;
+    const int height = std::max(0, surfacesBottom_ - top);
+    tableauName_->setGeometry(0, top, TabletPanel::sideBarWidth, height);
+    Beatbox_->setGeometry(TabletPanel::sideBarWidth, top, Picmain_->columnsWidth(), height);
+}
+
+}  // namespace melvane

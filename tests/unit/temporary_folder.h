@@ -1,0 +1,44 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace melvane::test {
+
+/// A new, empty folder that is removed with everything in it at the end of the test.
+class TemporaryFolder {
+ public:
+    TemporaryFolder() {
+        std::string name = testing::TempDir() + "melvane-XXXXXX";
+        if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary folder can be made at " << name;
+        path_ = name;
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
+    std::size_t fileCount() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_), {}));
+    }
+    std::string make(const std::string& name, std::string_view bytes = {}) const {
+        std::filesystem::create_directories((path_ / name).parent_path());
+        std::ofstream(file(name), std::ios::binary) << bytes;
+        return file(name);
+    }
+
+ private:
+    std::filesystem::path path_;
+};
+
+}  // namespace melvane::test

@@ -1,0 +1,54 @@
+#include "shell/floating_windows_window.h"
+
+#include <gtest/gtest.h>
+
+namespace melvane::test {
+
+class FloatingWindowsTest : public testing::Test {
+ protected:
+    FloatingWindowsTest() {
+        windows.list(ToolWindows::Window::setup, "Form3", [this] {
+            ++made;
+            return setup = new QWidget(&owner);
+        });
+    }
+
+    QWidget owner;
+    QWidget* setup = nullptr;
+    int made = 0;
+    FloatingWindows windows;
+};
+
+TEST_F(FloatingWindowsTest, AWindowIsMadeWhenItIsFirstShown) {
+    windows.setShown(ToolWindows::Window::setup, true);
+    EXPECT_EQ(made, 0);
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_EQ(made, 1);
+    EXPECT_FALSE(setup->isHidden());
+}
+
+TEST_F(FloatingWindowsTest, AnUnknownNameShowsNothing) {
+    EXPECT_FALSE(windows.showWindow("Form99"));
+    EXPECT_EQ(made, 0);
+}
+
+TEST_F(FloatingWindowsTest, AnOpenWindowIsHiddenDisabledAndUnloaded) {
+    windows.showWindow("Form3");
+    windows.setShown(ToolWindows::Window::setup, false);
+    EXPECT_TRUE(setup->isHidden());
+    windows.setShown(ToolWindows::Window::setup, true);
+    windows.setEnabled(ToolWindows::Window::setup, false);
+    EXPECT_FALSE(setup->isEnabled());
+    windows.unloadAll();
+    EXPECT_TRUE(setup->isHidden());
+}
+
+TEST_F(FloatingWindowsTest, AWindowThatIsGoneIsMadeAnew) {
+    windows.showWindow("Form3");
+    delete setup;
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_EQ(made, 2);
+}
+
+}  // namespace melvane::test
