@@ -2,7 +2,7 @@
 
 # The rooms under src/, from the lowest to the highest. A file includes its own room and lower ones.
 # synth and recorder stand side by side: neither includes the other.
-set(MELVANE_ROOMS platform core midi files "synth|recorder" shell app)
+set(MELVANE_ROOMS platform core midi files ui "synth|recorder" shell app)
 
 # A file whose name matches one of these may include Qt and belongs to melvane_windows; every other file under
 # src/ belongs to melvane_engine, which has no Qt on its include path.

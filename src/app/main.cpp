@@ -12,7 +12,7 @@
 #include "platform/qt_settings_store.h"
 #include "platform/qt_single_instance.h"
 #include "shell/qt_dialogs.h"
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 namespace {
 

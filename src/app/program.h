@@ -5,9 +5,9 @@
 #include "core/studio.h"
 #include "platform/outside.h"
 #include "shell/engine.h"
-#include "shell/floating_windows_window.h"
 #include "shell/instrument_picker_window.h"
 #include "shell/main_window.h"
+#include "ui/floating_windows_window.h"
 
 namespace melvane {
 

@@ -6,8 +6,8 @@
 
 #include "core/qt_pixels.h"
 #include "shell/engine.h"
-#include "shell/qt_bindings.h"
-#include "shell/qt_style.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_style.h"
 
 namespace melvane {
 

@@ -13,8 +13,8 @@
 #include "core/numbers.h"
 #include "core/qt_mouse.h"
 #include "shell/engine.h"
-#include "shell/qt_bindings.h"
-#include "shell/qt_style.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_style.h"
 
 namespace melvane {
 

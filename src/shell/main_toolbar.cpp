@@ -6,9 +6,9 @@
 #include <algorithm>
 
 #include "shell/engine.h"
-#include "shell/qt_bindings.h"
-#include "shell/qt_elided_label.h"
-#include "shell/qt_icons.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_elided_label.h"
+#include "ui/qt_icons.h"
 
 namespace melvane {
 

@@ -14,11 +14,11 @@
 #include "shell/channel_labels_panel.h"
 #include "shell/engine.h"
 #include "shell/main_toolbar.h"
-#include "shell/qt_bindings.h"
 #include "shell/qt_keys.h"
 #include "shell/quick_compose_panel.h"
 #include "shell/tablet_panel.h"
 #include "shell/top_bar_panel.h"
+#include "ui/qt_bindings.h"
 
 namespace melvane {
 

@@ -14,9 +14,9 @@
 #include "core/instrument_names.h"
 #include "core/qt_pixels.h"
 #include "shell/engine.h"
-#include "shell/qt_bindings.h"
-#include "shell/qt_elided_label.h"
-#include "shell/qt_style.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_elided_label.h"
+#include "ui/qt_style.h"
 
 namespace melvane {
 

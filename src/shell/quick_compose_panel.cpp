@@ -5,8 +5,8 @@
 #include "shell/channel_labels_panel.h"
 #include "shell/effect_slider_panel.h"
 #include "shell/note_readout_panel.h"
-#include "shell/qt_bindings.h"
-#include "shell/qt_flow_layout.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_flow_layout.h"
 
 namespace melvane {
 

@@ -8,8 +8,8 @@
 #include "core/strip_view.h"
 #include "core/tablet_view.h"
 #include "shell/engine.h"
-#include "shell/qt_bindings.h"
 #include "shell/top_bar_panel.h"
+#include "ui/qt_bindings.h"
 
 namespace melvane {
 

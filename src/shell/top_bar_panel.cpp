@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "core/tablet_page.h"
-#include "shell/qt_bindings.h"
+#include "ui/qt_bindings.h"
 
 namespace melvane {
 

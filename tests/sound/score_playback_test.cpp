@@ -14,9 +14,9 @@
 #include "platform/sound_font.h"
 #include "private_sound_server.h"
 #include "shell/engine.h"
-#include "shell/floating_windows_window.h"
 #include "shell/main_window.h"
 #include "shell/qt_dialogs.h"
+#include "ui/floating_windows_window.h"
 #include "unit/temporary_folder.h"
 
 namespace melvane {

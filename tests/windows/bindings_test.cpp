@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "main_window_fixture.h"
-#include "shell/qt_bindings.h"
+#include "ui/qt_bindings.h"
 
 namespace melvane::test {
 

@@ -9,8 +9,8 @@
 #include "platform/settings_store.h"
 #include "platform/virtual_time.h"
 #include "shell/engine.h"
-#include "shell/floating_windows_window.h"
 #include "shell/main_window.h"
+#include "ui/floating_windows_window.h"
 #include "unit/temporary_folder.h"
 
 QT_BEGIN_NAMESPACE

@@ -1,4 +1,4 @@
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include "core/track_colours.h"
 #include "main_window_fixture.h"
 #include "shell/main_toolbar_commands.h"
-#include "shell/qt_elided_label.h"
-#include "shell/qt_icons.h"
+#include "ui/qt_elided_label.h"
+#include "ui/qt_icons.h"
 
 namespace melvane::test {
 

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 int main(int argc, char** argv) {
     // Both are screens of 1600 by 1000 logical pixels.

@@ -8,7 +8,7 @@
 #include "drive/interpreter.h"
 #include "drive/qt_screen.h"
 #include "drive/qt_studio_host.h"
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 /// melvane-drive: runs a script from standard input on the whole program.
 namespace {

@@ -1,4 +1,4 @@
-#include "shell/qt_elided_label.h"
+#include "ui/qt_elided_label.h"
 
 #include <QHelpEvent>
 #include <QPainter>

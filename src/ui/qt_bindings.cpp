@@ -1,4 +1,4 @@
-#include "shell/qt_bindings.h"
+#include "ui/qt_bindings.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "shell/floating_windows_window.h"
+#include "ui/floating_windows_window.h"
 
 #include <utility>
 

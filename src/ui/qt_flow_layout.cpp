@@ -1,4 +1,4 @@
-#include "shell/qt_flow_layout.h"
+#include "ui/qt_flow_layout.h"
 
 #include <algorithm>
 #include <utility>

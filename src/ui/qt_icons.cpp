@@ -1,11 +1,11 @@
-#include "shell/qt_icons.h"
+#include "ui/qt_icons.h"
 
 #include <QFile>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
 
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 namespace melvane {
 

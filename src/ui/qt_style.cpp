@@ -1,4 +1,4 @@
-#include "shell/qt_style.h"
+#include "ui/qt_style.h"
 
 #include <QApplication>
 #include <QFile>
@@ -7,7 +7,7 @@
 #include <QStyleFactory>
 #include <cmath>
 
-#include "shell/qt_icons.h"
+#include "ui/qt_icons.h"
 
 // The macro declares a function of the global namespace.
 static void registerResources() { Q_INIT_RESOURCE(melvane); }
