@@ -1,6 +1,9 @@
 #include "core/controls.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "core/numbers.h"
 
 namespace melvane {
 
@@ -53,6 +56,37 @@ bool ListControl::userPut(const Value& value) {
 double SliderControl::fractionAt(double X) const {
     const double way = trackWidth - pointerWidth;
     return way > 0 ? std::clamp(X - pointerWidth / 2.0, 0.0, way) / way : 0;
+}
+
+int SliderControl::number() const { return narrowed<int>(leadingNumber(number_.text())).value_or(0); }
+
+int SliderControl::numberAt(double X) const {
+    return static_cast<int>(fractionAt(X) * scale_.steps) + scale_.first;
+}
+
+void SliderControl::step(int steps) { set(std::clamp(number() + steps, lowest(), highest())); }
+
+int SliderControl::pointerLeft() const {
+    const double way = std::max(0, trackWidth - pointerWidth);
+    const double fraction = static_cast<double>(number() - scale_.first) / scale_.steps;
+    return static_cast<int>(std::lround(way * std::clamp(fraction, 0.0, 1.0)));
+}
+
+bool SliderControl::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole || *whole < lowest() || *whole > highest()) return false;
+    set(static_cast<int>(*whole));
+    act();
+    return true;
+}
+
+Value SliderPointer::shown() const { return static_cast<long long>(slider_.pointerLeft()); }
+
+bool SliderPointer::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole || *whole < 0 || *whole > slider_.trackWidth - slider_.pointerWidth) return false;
+    const double middle = static_cast<double>(*whole) + slider_.pointerWidth / 2.0;
+    return slider_.userPut(Value(static_cast<long long>(slider_.numberAt(middle))));
 }
 
 bool ScrollControl::takes(int value) const {

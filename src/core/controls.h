@@ -1,4 +1,5 @@
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -134,13 +135,54 @@ class ScrollControl : public Control {
     int minimum_ = 0, maximum_ = 32767, largeChange_ = 1, value_ = 0;
 };
 
-/// A slider's track with its pointer, as far as a drag must be reckoned; widths in logical pixels, set by the
-/// widget.
+/// What a slider's number counts: `first` at the left end of the track, `first + steps` at the right one, and
+/// `resting` after the right button, which may stand left of the track's way.
+struct SliderScale {
+    int first = 0, steps = 127, resting = 0;
+};
+
+class SliderControl;
+
+/// The pointer of a slider; its place is in pixels from the track's left edge.
+class SliderPointer : public Control {
+ public:
+    explicit SliderPointer(SliderControl& slider) : slider_(slider) {}
+    Value shown() const override;
+    /// Drags the pointer to a place on its way.
+    bool userPut(const Value& value) override;
+
+ private:
+    SliderControl& slider_;
+};
+
+/// A slider: a track with a pointer over it, and the label whose number says where the pointer stands. Widths
+/// in logical pixels, set by the widget. A user's put runs the handler; setting the number does not.
 class SliderControl : public Control {
  public:
+    /// `number` outlives the slider.
+    SliderControl(TextControl& number, SliderScale scale) : number_(number), scale_(scale) {}
+
     int trackWidth = 76, pointerWidth = 10;
-    /// How far along its way the pointer stands with the mouse at X from the track's left edge: 0 to 1.
+    SliderPointer pointer{*this};
+
+    const SliderScale& scale() const { return scale_; }
+    int lowest() const { return std::min(scale_.first, scale_.resting); }
+    int highest() const { return scale_.first + scale_.steps; }
+    int number() const;
+    void set(int number) { number_.set(std::to_string(number)); }
+    /// The number that a drag to the mouse at X gives; X from the track's left edge.
+    int numberAt(double X) const;
+    /// By so many numbers up or down, inside the range.
+    void step(int steps);
+    /// How far along its way the pointer stands with the mouse at X: 0 to 1.
     double fractionAt(double X) const;
+    int pointerLeft() const;
+    Value shown() const override { return static_cast<long long>(number()); }
+    bool userPut(const Value& value) override;
+
+ private:
+    TextControl& number_;
+    SliderScale scale_;
 };
 
 /// A picture area or panel: what the engine must know of its size, in logical pixels.

@@ -20,7 +20,9 @@ struct MainControls {
     TextControl Label5, Label7, LblTrk, LblNote, LblNoteName, LblVol, LblInst;
     TextControl vol3{"127"}, T1{"0"}, T2{"0"}, T3{"0"}, T4{"0"};
     AreaControl Picture7, Picture9;  ///< the grounds of the instrument and the chord
-    SliderControl lblVolume, LblMod, LblPan, LblReverb, LblChorus;
+    // A drag counts from 1 on the three effects, and from -63 on the pan, whose middle therefore reads 1.
+    SliderControl lblVolume{vol3, {0, 127, 127}}, LblMod{T1, {1, 127, 0}}, LblPan{T2, {-63, 128, 1}},
+        LblReverb{T3, {1, 127, 0}}, LblChorus{T4, {1, 127, 0}};
     CheckControl Check1;                 ///< "Effects"
     CheckControl Check4;                 ///< "Static note Test"
     CheckControl Check2{true};           ///< the percussion tableau is open

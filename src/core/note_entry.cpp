@@ -12,8 +12,9 @@ namespace melvane {
 
 namespace {
 
-constexpr int margin = 24;   // pixels at the right edge
-constexpr int nextPage = 5;  // columns
+constexpr int margin = 24;            // pixels at the right edge
+constexpr int nextPage = 5;           // columns
+constexpr double farthestMark = 1e6;  // pixels
 
 }  // namespace
 
@@ -22,8 +23,10 @@ constexpr int nextPage = 5;  // columns
 void NoteEntry::MusicBox_MouseDown(int button, int, double X, double Y) {
     if (!isMelodyTrack(track())) takeFocusBack();
     if (studio_.player.Playing) return;
-    parts_.surfaces.setTabletPointer(TabletPointer::upArrow);
+    parts_.surfaces.setPointer(Area::tablet, DrawingPointer::upArrow);
     studio_.drag.MouseIsDown = true;
+    pressX_ = X;
+    pressY_ = Y;
     setDragCell(X, Y);
     if (studio_.form1.Check4.ticked()) return testSound();
     switch (studio_.selection.EditMode) {
@@ -96,7 +99,7 @@ void NoteEntry::startNote() {
     studio_.tracks.TrackVolume[static_cast<std::size_t>(track())] = static_cast<Int16>(velocity);
     const int row = studio_.page.FirstRow + drag.DragRow;
     if (!studio_.isHidden(track())) parts_.sounder.StartNoteBtnDn(row);
-    parts_.surfaces.setTabletPointer(TabletPointer::pencil);
+    parts_.surfaces.setPointer(Area::tablet, DrawingPointer::pencil);
     drag.PressColumn = drag.DragColumn;
     parts_.surfaces.GetRow(drag.DragRow);
     drag.DragStartColumn = drag.DragColumn;
@@ -250,7 +253,7 @@ void NoteEntry::dragSelection(double X) {
 }
 
 void NoteEntry::dragNote(double X) {
-    parts_.surfaces.setTabletPointer(TabletPointer::pencil);
+    parts_.surfaces.setPointer(Area::tablet, DrawingPointer::pencil);
     if (!takeDragEnd(studio_, X)) return;
     const auto& drag = studio_.drag;
     parts_.surfaces.PutRow(drag.DragRow);
@@ -267,7 +270,7 @@ void NoteEntry::MusicBox_MouseUp(int button, int, double X, double Y) {
     if (test) parts_.sounder.reset();
     if (studio_.form1.Check1.ticked()) parts_.sounder.reset();
     if (studio_.player.Playing) return;
-    parts_.surfaces.setTabletPointer(TabletPointer::upArrow);
+    parts_.surfaces.setPointer(Area::tablet, DrawingPointer::upArrow);
     if (!studio_.drag.MouseIsDown) return;
     studio_.drag.MouseIsDown = false;
     if (test) return;
@@ -298,9 +301,18 @@ void NoteEntry::finishNote(double X, double Y) {
     parts_.audition.StopColumnNotes();
     if (written) cutNoteBehind(studio_, first + drag.DragColumn);
     parts_.surfaces.DrawNoteArray();
-    if (studio_.Form5.visible) parts_.surfaces.markTestedNote(static_cast<int>(X), static_cast<int>(Y));
+    if (studio_.Form5.visible) markTestedNote(X);
     if (studio_.score.UsedTrackCount > 7) parts_.surfaces.DrawBeatArray();
     parts_.selector.Pic2a_MouseDown(mouse::left, 0, X, Y);
+}
+
+/// From the press to where the mouse let go, on the height of the press.
+void NoteEntry::markTestedNote(double X) {
+    const auto pixel = [](double at) {
+        return static_cast<int>(std::clamp(at, -farthestMark, farthestMark));
+    };
+    parts_.surfaces.markTestedNote(pixel(pressX_ - 12), pixel(pressY_ - 10), pixel(X + 10),
+                                   pixel(pressY_ + 12));
 }
 
 void NoteEntry::releaseInSelectMode(double X) {

@@ -54,6 +54,7 @@ class NoteEntry {
     void dragSelection(double X);
     void dragNote(double X);
     void releaseInDrawMode(int button, double X, double Y);
+    void markTestedNote(double X);
     void releaseInSelectMode(double X);
     void finishNote(double X, double Y);
     void scroll(int columns);
@@ -67,6 +68,7 @@ class NoteEntry {
 
     Studio& studio_;
     Parts parts_;
+    double pressX_ = 0, pressY_ = 0;  ///< pixels, of the last press
 };
 
 }  // namespace melvane

@@ -27,11 +27,10 @@ void writePanelValues(Studio& studio, int column, int instrument, int volumeTrac
 }
 
 void NoteSelector::Pic2a_MouseDown(int button, int, double X, double) {
-    const int x = static_cast<int>(columnEdge(X));
-    const int column = x / Page::columnWidth + studio_.page.FirstColumn;
-    surfaces_.DrawSelectorGrid();
+    const int pageColumn = static_cast<int>(columnEdge(X)) / Page::columnWidth;
+    const int column = pageColumn + studio_.page.FirstColumn;
     studio_.form1.LblNote.set(std::to_string(column + 1));
-    surfaces_.drawSelectorCursor(x, studio_.form1.LblTrk.backColour());
+    surfaces_.drawSelectorCursor(pageColumn, studio_.form1.LblTrk.backColour());
     if ((button & leftButton) != 0)
         inspect(column);
     else if ((button & rightButton) != 0)

@@ -20,7 +20,7 @@ class PanelSliders {
     void move(Slider slider, int button, double X);
     void release(Slider slider) { held(slider) = false; }
     /// One step up or down of its number, inside its range.
-    void step(Slider slider, int steps);
+    void step(Slider slider, int steps) { control(slider).step(steps); }
     /// To its resting value; the velocity of the current track goes with its slider.
     void rest(Slider slider);
 
@@ -28,7 +28,6 @@ class PanelSliders {
 
  private:
     SliderControl& control(Slider slider) const;
-    TextControl& number(Slider slider) const;
     bool& held(Slider slider) { return held_[static_cast<std::size_t>(slider)]; }
 
     Studio& studio_;

@@ -39,10 +39,16 @@ SelectorStripView::SelectorStripView(const Studio& studio, QWidget* parent) : St
     setToolTip("Note Selector");
 }
 
-void SelectorStripView::drawSelectorCursor(int x, Colour colour) {
-    drawOn([&](QPainter& painter) {
-        PixelPainter(painter).frame(x + 1, 0, x + columnWidth - 1, cursorBottom, 1, toQt(colour));
-    });
+void SelectorStripView::drawSelectorCursor(int column, Colour colour) {
+    cursor_ = {column + studio().page.FirstColumn, colour};
+    redraw();
+}
+
+void SelectorStripView::paintSurface(QPainter& painter, QSize size) {
+    paintSelectorStrip(painter, studio(), size);
+    if (!cursor_) return;
+    const int x = (cursor_->column - studio().page.FirstColumn) * columnWidth;
+    PixelPainter(painter).frame(x + 1, 0, x + columnWidth - 1, cursorBottom, 1, toQt(cursor_->colour));
 }
 
 PolyStripView::PolyStripView(const Studio& studio, QWidget* parent) : StripView(studio, parent) {

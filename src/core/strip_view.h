@@ -1,4 +1,6 @@
 #pragma once
+#include <optional>
+
 #include "core/studio.h"
 #include "core/surface_view.h"
 
@@ -33,11 +35,19 @@ class SelectorStripView : public StripView {
 
  public:
     SelectorStripView(const Studio& studio, QWidget* parent);
-    /// The cursor, a box's outline from (x + 1, 0) to (x + 11, 26); x in pixels. A redraw removes it.
-    void drawSelectorCursor(int x, Colour colour);
+    /// Repaints the strip with its cursor, an outline around a column of the page, from 0. A redraw keeps it
+    /// on that column of the score.
+    void drawSelectorCursor(int column, Colour colour);
 
  protected:
-    void paintSurface(QPainter& painter, QSize size) override { paintSelectorStrip(painter, studio(), size); }
+    void paintSurface(QPainter& painter, QSize size) override;
+
+ private:
+    struct Cursor {
+        int column;  ///< of the score
+        Colour colour;
+    };
+    std::optional<Cursor> cursor_;
 };
 
 /// The polynote selector, Pic3: marks the columns whose notes sound as chords.

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <cmath>
 
+#include "core/qt_pointers.h"
+
 namespace melvane {
 
 SurfaceView::SurfaceView(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
@@ -41,6 +43,12 @@ const QImage& SurfaceView::picture() {
 QImage& SurfaceView::pixels() {
     picture();
     return picture_;
+}
+
+void SurfaceView::setPointer(DrawingPointer pointer) {
+    const bool draws = pointer == DrawingPointer::pencil;
+    if (draws == (cursor().shape() == Qt::BitmapCursor) && testAttribute(Qt::WA_SetCursor)) return;
+    setCursor(draws ? pencilPointer() : QCursor(Qt::UpArrowCursor));
 }
 
 void SurfaceView::paintEvent(QPaintEvent*) {

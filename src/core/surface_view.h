@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "core/qt_mouse.h"
+#include "core/surfaces.h"
 
 namespace melvane {
 
@@ -20,6 +21,8 @@ class SurfaceView : public QWidget {
     void redraw();
     /// What is kept, in device pixels. Null while the widget has no extent.
     const QImage& picture();
+
+    void setPointer(DrawingPointer pointer);
 
     /// Who answers the mouse; nobody at first.
     MouseHandlers mouse;

@@ -5,7 +5,7 @@ namespace melvane {
 
 /// The two areas on which notes are drawn.
 enum class Area { tablet, tableau };
-enum class TabletPointer { upArrow, pencil };
+enum class DrawingPointer { upArrow, pencil };
 
 /// The pictures of the main window, as the engine works with them: surfaces that keep their pixels, painted
 /// anew from the grids or saved and put back in strips. Columns and rows are those of the page, from 0. A
@@ -28,17 +28,18 @@ class Surfaces {
     /// A bar from the column's left edge to 3 pixels right of it, the full height, on the screen picture.
     virtual void drawPlayCursor(int column) = 0;
     // what a press or a drag shows until its release repaints
-    virtual void setTabletPointer(TabletPointer pointer) = 0;
+    virtual void setPointer(Area area, DrawingPointer pointer) = 0;
     /// The head of a note in CurrentTrackColor.
     virtual void drawHead(Area area, int column, int row) = 0;
     /// The bar of a note in hand, from `column` to `lastColumn`, then its head.
     virtual void drawDraggedNote(Area area, int column, int lastColumn, int row) = 0;
     /// The moving edge of a selection: a line at the column's left edge.
     virtual void drawSelectionLine(int column) = 0;
-    /// The yellow box around a note under test; x and y in pixels.
-    virtual void markTestedNote(int x, int y) = 0;
-    /// The selector's cursor, a box from (x + 1, 0) to (x + 11, 26); x in pixels.
-    virtual void drawSelectorCursor(int x, Colour colour) = 0;
+    /// The yellow box around a note under test, in pixels; its corners may stand in any order.
+    virtual void markTestedNote(int x1, int y1, int x2, int y2) = 0;
+    /// Repaints the selector with its cursor in `column` of the page: the column's width less one, 27 pixels
+    /// high. It stays on that column of the score, whatever is repainted, until it is drawn again.
+    virtual void drawSelectorCursor(int column, Colour colour) = 0;
 
     /// A ring of radius 7 around the head of the note that starts at `column` on `row`.
     virtual void drawChordRing(int column, int row, Colour colour) = 0;

@@ -147,6 +147,7 @@ void TableauEntry::showTip(double X) {
 }
 
 void TableauEntry::dragBeat(double X) {
+    parts_.surfaces.setPointer(Area::tableau, DrawingPointer::pencil);
     if (!takeDragEnd(studio_, X)) return;
     const auto& drag = studio_.drag;
     parts_.surfaces.drawDraggedNote(Area::tableau, drag.DragColumn, drag.DragEndColumn, drag.DragRow);
@@ -154,6 +155,7 @@ void TableauEntry::dragBeat(double X) {
 
 void TableauEntry::Beatbox_MouseUp(int button, int, double X, double Y) {
     noteColumnUnderMouse(studio_, X);
+    parts_.surfaces.setPointer(Area::tableau, DrawingPointer::upArrow);
     if (isMelodyTrack(track()) || studio_.player.Playing) return;
     if (button == mouse::right) enlarge(Y);
     if (!studio_.drag.MouseIsDown) return;

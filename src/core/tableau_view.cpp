@@ -14,7 +14,7 @@ TableauView::TableauView(const Studio& studio, QWidget* parent) : SurfaceView(pa
     setToolTip("Percussion Tableau");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setCursor(Qt::UpArrowCursor);
+    setPointer(DrawingPointer::upArrow);
 }
 
 void TableauView::drawHead(int column, int row) {

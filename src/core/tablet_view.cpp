@@ -2,9 +2,8 @@
 
 #include <QKeyEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <limits>
-
-#include "core/qt_pointers.h"
 
 namespace melvane {
 
@@ -24,7 +23,7 @@ TabletView::TabletView(const Studio& studio, QWidget* parent) : SurfaceView(pare
     setAccessibleName("Music tablet");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setTabletPointer(TabletPointer::upArrow);
+    setPointer(DrawingPointer::upArrow);
 }
 
 void TabletView::paintSurface(QPainter& painter, QSize size) { painter_.paint(painter, studio_, size); }
@@ -126,19 +125,15 @@ void TabletView::drawSelectionLine(int column) {
     });
 }
 
-void TabletView::markTestedNote(int x, int y) {
+void TabletView::markTestedNote(QRect box) {
     // A line of 4 pixels lies from 2 before its way to 1 behind it.
-    const QRect box(QPoint(x - 14, y - 12), QPoint(x + 11, y + 13));
-    drawOn(box, [&](QPainter& painter) {
-        PixelPainter(painter).frame(box.left(), box.top(), box.right(), box.bottom(), 4,
+    const auto [left, right] = std::minmax({box.left(), box.right()});
+    const auto [top, bottom] = std::minmax({box.top(), box.bottom()});
+    const QRect outside(QPoint(left - 2, top - 2), QPoint(right + 1, bottom + 1));
+    drawOn(outside, [&](QPainter& painter) {
+        PixelPainter(painter).frame(outside.left(), outside.top(), outside.right(), outside.bottom(), 4,
                                     surface_colours::testedNote);
     });
-}
-
-void TabletView::setTabletPointer(TabletPointer pointer) {
-    const bool draws = pointer == TabletPointer::pencil;
-    if (draws == (cursor().shape() == Qt::BitmapCursor) && testAttribute(Qt::WA_SetCursor)) return;
-    setCursor(draws ? pencilPointer() : QCursor(Qt::UpArrowCursor));
 }
 
 void TabletView::wheelEvent(QWheelEvent* event) {

@@ -86,7 +86,9 @@ void form1::PutColumn(int column) { Picmain_->tablet().PutColumn(column); }
 void form1::GetBox() { Picmain_->tablet().GetBox(); }
 void form1::PutBox() { Picmain_->tablet().PutBox(); }
 void form1::drawPlayCursor(int column) { Picmain_->tablet().drawPlayCursor(column); }
-void form1::setTabletPointer(TabletPointer pointer) { Picmain_->tablet().setTabletPointer(pointer); }
+void form1::setPointer(Area area, DrawingPointer pointer) {
+    area == Area::tablet ? Picmain_->tablet().setPointer(pointer) : Beatbox_->setPointer(pointer);
+}
 void form1::drawHead(Area area, int column, int row) {
     area == Area::tablet ? Picmain_->tablet().drawHead(column, row) : Beatbox_->drawHead(column, row);
 }
@@ -95,8 +97,12 @@ void form1::drawDraggedNote(Area area, int column, int lastColumn, int row) {
                          : Beatbox_->drawDraggedNote(column, lastColumn, row);
 }
 void form1::drawSelectionLine(int column) { Picmain_->tablet().drawSelectionLine(column); }
-void form1::markTestedNote(int x, int y) { Picmain_->tablet().markTestedNote(x, y); }
-void form1::drawSelectorCursor(int x, Colour colour) { Picmain_->selector().drawSelectorCursor(x, colour); }
+void form1::markTestedNote(int x1, int y1, int x2, int y2) {
+    Picmain_->tablet().markTestedNote(QRect(QPoint(x1, y1), QPoint(x2, y2)));
+}
+void form1::drawSelectorCursor(int column, Colour colour) {
+    Picmain_->selector().drawSelectorCursor(column, colour);
+}
 void form1::drawChordRing(int column, int row, Colour colour) {
     Picmain_->tablet().drawChordRing(column, row, colour);
 }

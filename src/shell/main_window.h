@@ -35,12 +35,12 @@ class form1 : public QWidget, public Surfaces, public MainFrame {
     void GetBox() override;
     void PutBox() override;
     void drawPlayCursor(int column) override;
-    void setTabletPointer(TabletPointer pointer) override;
+    void setPointer(Area area, DrawingPointer pointer) override;
     void drawHead(Area area, int column, int row) override;
     void drawDraggedNote(Area area, int column, int lastColumn, int row) override;
     void drawSelectionLine(int column) override;
-    void markTestedNote(int x, int y) override;
-    void drawSelectorCursor(int x, Colour colour) override;
+    void markTestedNote(int x1, int y1, int x2, int y2) override;
+    void drawSelectorCursor(int column, Colour colour) override;
     void drawChordRing(int column, int row, Colour colour) override;
     void DrawBeatArray() override;
     void DrawSideBar() override;

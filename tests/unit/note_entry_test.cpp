@@ -407,6 +407,26 @@ TEST_F(NoteEntryTest, ASliderFollowsTheMouseWhileItIsHeld) {
     EXPECT_EQ(studio.form1.T2.text(), "1");
 }
 
+TEST_F(NoteEntryTest, APointerStandsWhereItsNumberSays) {
+    auto& pan = studio.form1.LblPan;
+    pan.trackWidth = 138;
+    pan.pointerWidth = 10;
+    const auto place = [&pan] { return pan.pointer.shown(); };
+    studio.form1.T2.set("-63");
+    EXPECT_EQ(place(), Value(0LL));
+    studio.form1.T2.set("1");
+    EXPECT_EQ(place(), Value(64LL));
+    studio.form1.T2.set("65");
+    EXPECT_EQ(place(), Value(128LL));
+    EXPECT_TRUE(pan.pointer.userPut(Value(100LL)));
+    EXPECT_EQ(studio.form1.T2.text(), "37");
+    for (const long long beyond : {-1LL, 129LL}) EXPECT_FALSE(pan.pointer.userPut(Value(beyond)));
+    for (const long long beyond : {-64LL, 66LL}) EXPECT_FALSE(pan.userPut(Value(beyond)));
+    EXPECT_EQ(studio.form1.T2.text(), "37");
+    pan.trackWidth = 5;
+    EXPECT_EQ(place(), Value(0LL)) << "a track narrower than its pointer";
+}
+
 TEST_F(NoteEntryTest, ASliderStepsInsideItsRange) {
     engine.sliders.step(PanelSliders::volume, 1);
     EXPECT_EQ(studio.form1.vol3.text(), "127");

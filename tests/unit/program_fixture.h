@@ -17,6 +17,7 @@ namespace melvane::test {
 class RecordingSurfaces final : public Surfaces {
  public:
     std::vector<std::string> calls;
+    DrawingPointer tabletPointer = DrawingPointer::upArrow, tableauPointer = DrawingPointer::upArrow;
 
     void DrawNoteArray() override { note("DrawNoteArray"); }
     void clearTablet() override { note("clearTablet"); }
@@ -27,7 +28,9 @@ class RecordingSurfaces final : public Surfaces {
     void GetBox() override { note("GetBox"); }
     void PutBox() override { note("PutBox"); }
     void drawPlayCursor(int column) override { note("drawPlayCursor", column); }
-    void setTabletPointer(TabletPointer) override {}
+    void setPointer(Area area, DrawingPointer pointer) override {
+        (area == Area::tablet ? tabletPointer : tableauPointer) = pointer;
+    }
     void drawHead(Area area, int column, int row) override {
         calls.push_back(std::string(area == Area::tablet ? "head " : "beat head ") + std::to_string(column) + " " +
                         std::to_string(row));
@@ -37,8 +40,12 @@ class RecordingSurfaces final : public Surfaces {
                         std::to_string(lastColumn) + " " + std::to_string(row));
     }
     void drawSelectionLine(int column) override { note("drawSelectionLine", column); }
-    void markTestedNote(int x, int) override { note("markTestedNote", x); }
-    void drawSelectorCursor(int x, Colour) override { note("drawSelectorCursor", x); }
+    void markTestedNote(int x1, int y1, int x2, int y2) override {
+        std::string call = "markTestedNote";
+        for (const int at : {x1, y1, x2, y2}) call += " " + std::to_string(at);
+        calls.push_back(call);
+    }
+    void drawSelectorCursor(int column, Colour) override { note("drawSelectorCursor", column); }
     void drawChordRing(int column, int row, Colour colour) override {
         calls.push_back("ring " + std::to_string(column) + " " + std::to_string(row) +
                         (colour.green == 0 ? " red" : " white"));

@@ -124,12 +124,43 @@ TEST_F(DrawingTest, ASelectionShowsItsMovingEdge) {
 }
 
 TEST_F(DrawingTest, ANoteUnderTestIsMarkedInYellow) {
-    window.markTestedNote(100, top);
+    window.markTestedNote(88, top - 10, 110, top + 12);
     for (const int x : {86, 89, 108, 111}) EXPECT_EQ(kept(x, top), yellow) << x;
     for (const int x : {85, 90, 107, 112}) EXPECT_NE(kept(x, top), yellow) << x;
     for (const int y : {top - 12, top - 9, top + 10, top + 13}) EXPECT_EQ(kept(100, y), yellow) << y;
     EXPECT_NE(kept(100, top - 13), yellow);
     EXPECT_NE(kept(100, top + 14), yellow);
+}
+
+TEST_F(DrawingTest, TheMarkOfANoteUnderTestGoesFromThePressToTheRelease) {
+    studio.Form5.visible = true;
+    press(tablet(), cellMiddle(10, top + 3));
+    drag(tablet(), cellMiddle(14, top + 60));
+    release(tablet(), cellMiddle(14, top + 60));
+    // Its line runs around (114, 193) to (184, 215).
+    for (const int x : {112, 115, 182, 185}) EXPECT_EQ(kept(x, top + 14), yellow) << x;
+    for (const int x : {111, 116, 181, 186}) EXPECT_NE(kept(x, top + 8), yellow) << x;
+    for (const int y : {top - 9, top - 6, top + 13, top + 16}) EXPECT_EQ(kept(150, y), yellow) << y;
+    for (const int y : {top - 10, top - 5, top + 12, top + 17}) EXPECT_NE(kept(150, y), yellow) << y;
+}
+
+TEST_F(DrawingTest, ADragToTheLeftIsMarkedToo) {
+    studio.Form5.visible = true;
+    press(tablet(), cellMiddle(10, top + 3));
+    drag(tablet(), cellMiddle(6, top + 3));
+    release(tablet(), cellMiddle(6, top + 3));
+    for (const int x : {86, 115}) EXPECT_EQ(kept(x, top + 3), yellow) << x;
+    EXPECT_EQ(kept(100, top - 8), yellow);
+}
+
+TEST_F(DrawingTest, ThePointerIsAPencilWhileABeatIsDragged) {
+    studio.instruments.PercussionInstrument = 140;
+    EXPECT_EQ(tableau().cursor().shape(), Qt::UpArrowCursor);
+    press(tableau(), {126, 18});
+    drag(tableau(), {150, 18});
+    EXPECT_EQ(tableau().cursor().shape(), Qt::BitmapCursor);
+    release(tableau(), {150, 18});
+    EXPECT_EQ(tableau().cursor().shape(), Qt::UpArrowCursor);
 }
 
 TEST_F(DrawingTest, APlaybackKeepsTheMouseOffTheTablet) {
@@ -215,6 +246,26 @@ TEST_F(DrawingTest, TheNoteSelectorShowsItsCursorAndTheNote) {
     EXPECT_NE(pixel(strip.picture(), 49, 26), red);
     release(strip, {5 * 12 + 7, 10});
     EXPECT_EQ(studio.form1.LblNote.text(), "6");
+}
+
+TEST_F(DrawingTest, TheSelectorsCursorStaysOnItsColumnUntilTheNextPress) {
+    auto& strip = *find<SelectorStripView>("Pic2a");
+    press(strip, {10 * 12 + 7, 10});
+    release(strip, {10 * 12 + 7, 10});
+    auto& bar = studio.form1.HScroll1;
+    bar.set(bar.value() + 4);
+    for (const int x : {73, 83}) EXPECT_EQ(pixel(strip.picture(), x, 26), red) << x;
+    EXPECT_NE(pixel(strip.picture(), 121, 26), red) << "it does not stay on the screen's column";
+    engine.channels.Label8_Click(2);
+    resizeTo(1200, 700);
+    EXPECT_EQ(pixel(strip.picture(), 73, 26), red) << "a repaint keeps it";
+    bar.set(bar.value() + 20);
+    EXPECT_NE(pixel(strip.picture(), 1, 26), red);
+    bar.set(bar.value() - 24);
+    EXPECT_EQ(pixel(strip.picture(), 121, 26), red);
+    press(strip, {20 * 12 + 7, 10});
+    EXPECT_NE(pixel(strip.picture(), 121, 26), red);
+    EXPECT_EQ(pixel(strip.picture(), 241, 26), toQt(studio.tracks.TrackColor[2]));
 }
 
 TEST_F(DrawingTest, HoveringOverAStripReachesItsHandler) {

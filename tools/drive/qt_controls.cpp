@@ -12,6 +12,7 @@
 #include <QSpinBox>
 
 #include "core/controls.h"
+#include "ui/slider_panel.h"
 
 namespace melvane::drive {
 
@@ -42,6 +43,7 @@ std::optional<Value> shownBy(const QWidget& widget) {
     if (const auto* slider = qobject_cast<const QAbstractSlider*>(&widget)) return whole(slider->value());
     if (const auto* bar = qobject_cast<const QProgressBar*>(&widget)) return whole(bar->value());
     if (const auto* spin = qobject_cast<const QSpinBox*>(&widget)) return whole(spin->value());
+    if (const auto* track = qobject_cast<const SliderTrack*>(&widget)) return track->control().shown();
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return text(group->title());
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         return button->isCheckable() ? whole(button->isChecked() ? 1 : 0) : text(button->text());
@@ -134,6 +136,9 @@ PutResult act(QWidget& widget, const Value& value) {
     if (entryCount(widget)) return choose(widget, value);
     if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) return move(*slider, value);
     if (auto* spin = qobject_cast<QSpinBox*>(&widget)) return move(*spin, value);
+    if (auto* track = qobject_cast<SliderTrack*>(&widget)) {
+        return track->control().userPut(value) ? PutResult::done : PutResult::refused;
+    }
     return PutResult::noControl;
 }
 

@@ -21,11 +21,11 @@ class NullSurfaces final : public Surfaces {
     void drawPlayCursor(int) override {
         if (columnPlayed) columnPlayed();
     }
-    void setTabletPointer(TabletPointer) override {}
+    void setPointer(Area, DrawingPointer) override {}
     void drawHead(Area, int, int) override {}
     void drawDraggedNote(Area, int, int, int) override {}
     void drawSelectionLine(int) override {}
-    void markTestedNote(int, int) override {}
+    void markTestedNote(int, int, int, int) override {}
     void drawSelectorCursor(int, Colour) override {}
     void drawChordRing(int, int, Colour) override {}
     void DrawBeatArray() override {}
