@@ -12,6 +12,7 @@ Program::Program(Outside& outside)
       engine_(studio_, outside, window_, window_, toolWindows_),
       picker_(studio_, engine_.picker, &window_) {
     window_.attach(engine_);
+    picker_.useSettings(engine_.settings);
 }
 
 bool Program::mayStart() { return engine_.startUp.IsOsSupported() && !engine_.startUp.IsAlreadyRunning(); }

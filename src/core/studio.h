@@ -155,6 +155,7 @@ struct Playback {
 struct Shell {
     bool Busy = false, Resizing = false;
     bool Minimised = false;  ///< the main window
+    Int16 WindowState = 0;   ///< the last that any window took: 0 normal, 1 minimised, 2 maximised
     bool XPInterface = true;
     bool Form2Open = false, Form3Open = false, RecorderOpen = false, WizardOpen = false;
 };

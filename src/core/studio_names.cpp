@@ -177,6 +177,7 @@ void listShell(StateTable& table, Shell& shell) {
     table.add("RecorderOpen", shell.RecorderOpen);
     table.add("WizardOpen", shell.WizardOpen);
     table.add("XPInterface", shell.XPInterface);
+    table.add("WindowState", shell.WindowState);
 }
 
 void listMain(ControlTable& table, MainControls& form1) {

@@ -38,22 +38,22 @@ QPushButton* makeButton(const char* name, const QString& text, const QString& ti
 }  // namespace
 
 FrmInst::FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent)
-    : QWidget(parent, Qt::Dialog), studio_(studio), picker_(picker) {
-    setObjectName("FrmInst");
-    setWindowTitle("Instruments");
+    : FramedWindow(studio, {"FrmInst", "Instruments", {}, true, Qt::Dialog}, parent),
+      studio_(studio),
+      picker_(picker) {
     setWindowModality(Qt::ApplicationModal);
-    auto* const grid = new QGridLayout(this);
+    auto* const grid = new QGridLayout(client());
     grid->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
     grid->setSpacing(space);
-    grid->addWidget(new QLabel("Melody", this), 0, 0);
-    grid->addWidget(new QLabel("Percussion (double click)", this), 0, 1);
+    grid->addWidget(new QLabel("Melody", client()), 0, 0);
+    grid->addWidget(new QLabel("Percussion (double click)", client()), 0, 1);
     LstInstruments_ = makeList("LstInstruments", "Melody instruments", studio.FrmInst.LstInstruments);
     LstInstruments2_ = makeList("LstInstruments2", "Percussion sounds, a double click takes one",
                                 studio.FrmInst.LstInstruments2);
     grid->addWidget(LstInstruments_, 1, 0);
     grid->addWidget(LstInstruments2_, 1, 1);
-    auto* const ok = makeButton("CmdOk", "OK", "Take the melody instrument", this);
-    auto* const cancel = makeButton("CmdCancel", "Cancel", "Leave the instruments as they are", this);
+    auto* const ok = makeButton("CmdOk", "OK", "Take the melody instrument", client());
+    auto* const cancel = makeButton("CmdCancel", "Cancel", "Leave the instruments as they are", client());
     auto* const row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(ok);
@@ -64,12 +64,12 @@ FrmInst::FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent)
     connect(LstInstruments_, &QListWidget::itemDoubleClicked, this, [this] { picker_.CmdOk_Click(); });
     connect(LstInstruments2_, &QListWidget::itemDoubleClicked, this,
             [this] { picker_.LstInstruments2_DblClick(); });
-    resize(usualSize);
+    resize(sizeAround(usualSize));
     studio.FrmInst.window.changed = [this] { follow(); };
 }
 
 QListWidget* FrmInst::makeList(const char* name, const char* title, ListControl& list) {
-    auto* const widget = new QListWidget(this);
+    auto* const widget = new QListWidget(client());
     widget->setObjectName(name);
     widget->setAccessibleName(title);
     widget->setToolTip(title);

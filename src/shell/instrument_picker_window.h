@@ -1,7 +1,6 @@
 #pragma once
-#include <QWidget>
-
 #include "core/studio.h"
+#include "ui/framed_window.h"
 
 class QListWidget;
 
@@ -11,7 +10,7 @@ class InstrumentPicker;
 
 /// The instrument picker: a list of melody instruments beside one of percussion sounds. Shown while
 /// studio.FrmInst says so, in front of all other windows.
-class FrmInst : public QWidget {
+class FrmInst : public FramedWindow {
     Q_OBJECT
 
  public:

@@ -27,25 +27,22 @@ namespace {
 // Pixels.
 constexpr int usualTableauHeight = 60, tableauSpace = 4;
 constexpr int barMargin = 8;
-constexpr int smallestTablet = 180;      // with what lies around it; the tableau leaves it so much
-constexpr QSize smallestWindow(57, 90);  // smaller than is of use: the user decides
+constexpr int smallestTablet = 180;  // with what lies around it; the tableau leaves it so much
 
 }  // namespace
 
 form1::form1(Studio& studio)
-    : studio_(studio),
-      client_(new QWidget(this)),
-      toolbar_(new MainToolbar(studio, client_)),
-      Picmain_(new TabletPanel(studio, client_)),
-      tableauName_(new QLabel("Beats", client_)),
-      Beatbox_(new TableauView(studio, client_)),
-      quickCompose_(new QuickComposePanel(studio, client_)) {
-    setObjectName("form1");
-    setWindowTitle("Melvane  v2.3 ");
-    setMinimumSize(smallestWindow);
-    client_->installEventFilter(this);
+    : FramedWindow(studio, {"form1", "Melvane  v2.3 ", {true, true, true}, true, Qt::Window}, nullptr),
+      studio_(studio),
+      toolbar_(new MainToolbar(studio, client())),
+      Picmain_(new TabletPanel(studio, client())),
+      tableauName_(new QLabel("Beats", client())),
+      Beatbox_(new TableauView(studio, client())),
+      quickCompose_(new QuickComposePanel(studio, client())) {
+    client()->installEventFilter(this);
     tableauName_->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    tableauName_->setContentsMargins(0, 3, 5, 0);
+    tableauName_->setContentsMargins(0, 3, 0, 0);
+    tableauName_->setIndent(5);
     auto& tableau = studio.form1.Beatbox;
     // Its height and visibility are the engine's to change, and move the rest of the window.
     bindShown(*Beatbox_, tableau, [this] {
@@ -60,6 +57,7 @@ form1::~form1() = default;
 
 void form1::attach(Engine& engine) {
     engine_ = &engine;
+    useSettings(engine.settings);
     toolbar_->attach(engine);
     Picmain_->attach(engine);
     Beatbox_->mouse = mouseHandlers(engine.tableau, &TableauEntry::Beatbox_MouseDown,
@@ -146,11 +144,24 @@ void form1::setPlace(const WindowPlace& place) {
          std::clamp(corner.y(), room.top(), room.top() + most.height() - size.height()));
 }
 
-void form1::ApplySkin() {}
+void form1::ApplySkin() {
+    FramedWindow::ApplySkin();
+    layOut();
+}
 
 void form1::show() { QWidget::show(); }
 void form1::hide() { QWidget::hide(); }
 void form1::unload() { close(); }
+
+void form1::imgTitleClose_Click() {
+    if (engine_ != nullptr) engine_->startUp.Command3_Click();
+}
+
+/// The page and the scroll bars stand still meanwhile.
+void form1::setResizing(bool on) {
+    FramedWindow::setResizing(on);
+    studio_.shell.Resizing = on;
+}
 
 void form1::closeEvent(QCloseEvent* event) {
     event->accept();
@@ -160,7 +171,7 @@ void form1::closeEvent(QCloseEvent* event) {
 }
 
 bool form1::event(QEvent* event) {
-    const bool known = QWidget::event(event);
+    const bool known = FramedWindow::event(event);
     if (event->type() == QEvent::WindowActivate && engine_ != nullptr && !unloaded_) {
         // The frame is known only now; with it the window may reach past the screen.
         if (!framed_) setPlace(place());
@@ -173,20 +184,20 @@ bool form1::event(QEvent* event) {
 void form1::changeEvent(QEvent* event) {
     const bool stateChanged = event->type() == QEvent::WindowStateChange;
     if (stateChanged) studio_.shell.Minimised = isMinimized();
+    FramedWindow::changeEvent(event);
     if (stateChanged || event->type() == QEvent::FontChange) layOut();
-    QWidget::changeEvent(event);
 }
 
 /// The bar's panels may need other rows than they have.
 bool form1::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == client_ && event->type() == QEvent::LayoutRequest) {
+    if (watched == client() && event->type() == QEvent::LayoutRequest) {
         if (quickCompose_->heightForWidth(quickCompose_->width()) != quickCompose_->height()) layOut();
     }
-    return QWidget::eventFilter(watched, event);
+    return FramedWindow::eventFilter(watched, event);
 }
 
 void form1::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+    FramedWindow::resizeEvent(event);
     layOut();
 }
 
@@ -201,8 +212,8 @@ int form1::tableauHeight() const {
 void form1::layOut() {
     if (layingOut_ || isMinimized()) return;
     layingOut_ = true;
-    client_->setGeometry(rect());
-    const int width = client_->width(), height = client_->height();
+    const int width = client()->width(), height = client()->height();
+    Picmain_->setEdge(edgeWidth());
     toolbar_->setGeometry(0, 0, width, MainToolbar::height);
     const int barWidth = width - 2 * barMargin;
     const int barHeight = quickCompose_->heightForWidth(barWidth);
@@ -216,8 +227,8 @@ void form1::layOut() {
     Picmain_->setGeometry(0, MainToolbar::height, width, std::max(0, bottom - MainToolbar::height));
     Picmain_->tellSize();
     auto& model = studio_.form1;
-    model.client.setWidth(width);
-    model.client.setHeight(height);
+    model.client.setWidth(this->width());
+    model.client.setHeight(this->height());
     model.Beatbox.setWidth(Picmain_->columnsWidth());
     if (model.Beatbox.height() == 0) model.Beatbox.setHeight(usualTableauHeight);
     placeSurfaces();
@@ -230,7 +241,7 @@ void form1::placeSurfaces() {
     Picmain_->layOut();
     const int top = Picmain_->geometry().bottom() + 1 - Picmain_->unusedHeight() + tableauSpace;
     const int height = std::max(0, surfacesBottom_ - top);
-    tableauName_->setGeometry(0, top, TabletPanel::sideBarWidth, height);
+    tableauName_->setGeometry(edgeWidth(), top, TabletPanel::sideBarWidth - edgeWidth(), height);
     Beatbox_->setGeometry(TabletPanel::sideBarWidth, top, Picmain_->columnsWidth(), height);
 }
 

@@ -1,9 +1,8 @@
 #pragma once
-#include <QWidget>
-
 #include "core/main_frame.h"
 #include "core/studio.h"
 #include "core/surfaces.h"
+#include "ui/framed_window.h"
 
 class QLabel;
 
@@ -18,7 +17,7 @@ class TabletPanel;
 /// The main window, which the user knows as Melvane: toolbar, music tablet, percussion tableau and Quick
 /// Compose bar. Made before the engine, which takes it as its pictures and its frame, and attached to it
 /// before it is shown.
-class form1 : public QWidget, public Surfaces, public MainFrame {
+class form1 : public FramedWindow, public Surfaces, public MainFrame {
     Q_OBJECT
 
  public:
@@ -60,8 +59,10 @@ class form1 : public QWidget, public Surfaces, public MainFrame {
     void show() override;
     void hide() override;
     void unload() override;
+    void imgTitleClose_Click() override;
 
  protected:
+    void setResizing(bool on) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
@@ -75,7 +76,6 @@ class form1 : public QWidget, public Surfaces, public MainFrame {
 
     Studio& studio_;
     Engine* engine_ = nullptr;
-    QWidget* client_;  ///< all but the frame
     MainToolbar* toolbar_;
     TabletPanel* Picmain_;
     QLabel* tableauName_;

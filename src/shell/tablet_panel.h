@@ -22,11 +22,13 @@ class TabletPanel : public QWidget {
     Q_OBJECT
 
  public:
-    static constexpr int sideBarWidth = 50;    ///< pixels, at the window's left edge
-    static constexpr int scrollBarWidth = 20;  ///< pixels, VScroll1
+    static constexpr int sideBarWidth = 50;    ///< pixels, at the window's left, the frame's edge included
+    static constexpr int scrollBarWidth = 20;  ///< pixels, VScroll1 and the frame's edge
 
     TabletPanel(Studio& studio, QWidget* parent);
     void attach(Engine& engine);
+    /// Pixels that the window's frame covers at the left and the right.
+    void setEdge(int width) { edge_ = width; }
     /// Lays the children out for the present size and the page's rows, and tells the model their sizes.
     void layOut();
     /// Tells the model the panel's own size, by which the rows of the page are reckoned.
@@ -49,6 +51,7 @@ class TabletPanel : public QWidget {
 
     Studio& studio_;
     int unusedHeight_ = 0;
+    int edge_ = 0;
     TopBarPanel* topBar_;
     SideBarView* PicX_;
     TabletView* MusicBox_;

@@ -54,6 +54,13 @@ QIcon icon(const QString& name) {
     return icon;
 }
 
+QIcon iconInOneColour(const QString& name, const QColor& colour) {
+    const QByteArray coloured = recoloured(drawing(name), colour, colour);
+    QIcon icon;
+    for (const double ratio : ratios) icon.addPixmap(rendered(coloured, ratio));
+    return icon;
+}
+
 QIcon programIcon() {
     const QByteArray emblem = drawing("emblem");
     QIcon icon;

@@ -8,6 +8,9 @@ namespace melvane {
 /// that there is no drawing for gives an empty icon.
 QIcon icon(const QString& name);
 
+/// The same drawing in one colour in every state, the filled area included.
+QIcon iconInOneColour(const QString& name, const QColor& colour);
+
 /// The program's emblem in the sizes that a desktop asks for.
 QIcon programIcon();
 

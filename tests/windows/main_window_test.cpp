@@ -44,7 +44,7 @@ TEST_F(MainWindow, NoBlankRowsShowInATallWindow) {
             const double expected = find("Picmain")->height() / (page.LineHeight / 12.0 * 16) + 12;
             EXPECT_NEAR(page.PageRows, expected, 0.5) << height << ' ' << rows;
             const int stripsEnd = find("Pic3")->mapTo(&window, QPoint(0, 17)).y();
-            EXPECT_EQ(find("Beatbox")->y(), stripsEnd + 4) << height << ' ' << rows;
+            EXPECT_EQ(find("Beatbox")->mapTo(&window, QPoint(0, 0)).y(), stripsEnd + 4) << height << ' ' << rows;
             EXPECT_GE(find("Beatbox")->height(), 60);
             EXPECT_EQ(studio.form1.MusicBox.height(), tablet().height());
         }
@@ -118,7 +118,9 @@ TEST_F(MainWindow, TheSurfacesColumnsStandInLine) {
             << name;
         EXPECT_EQ(find(name)->width(), tablet().width()) << name;
     }
-    EXPECT_EQ(find("PicX")->width(), 50);
+    EXPECT_EQ(tablet().mapTo(&window, QPoint(0, 0)).x(), 50);
+    EXPECT_EQ(find("PicX")->geometry().left(), window.edgeWidth());
+    EXPECT_EQ(find("PicX")->width(), 50 - window.edgeWidth());
 }
 
 TEST_F(MainWindow, TheTabletTakesTheRoomOfAClosedTableau) {
