@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 namespace melvane::sound_test {
 
@@ -98,6 +99,25 @@ Spacing spacingOf(const std::vector<std::size_t>& onsets, int rate) {
     }
     spacing.deviation = std::sqrt(spacing.deviation);
     return spacing;
+}
+
+std::string pitchFaults(std::span<const float> sound, int rate, std::span<const int> keys) {
+    constexpr std::size_t settled = 1500, listened = 4000;  // frames
+    const auto onsets = findOnsets(sound, rate);
+    std::ostringstream faults;
+    if (onsets.size() != keys.size()) {
+        faults << onsets.size() << " onsets of " << keys.size();
+        return faults.str();
+    }
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (onsets[i] + settled + listened > sound.size()) return "the last note is not whole";
+        const double expected = 440.0 * std::exp2((keys[i] - 69.0) / 12.0);
+        const double heard = findPitch(sound.subspan(onsets[i] + settled, listened), rate);
+        if (std::abs(heard - expected) > expected * 0.01) {
+            faults << "key " << keys[i] << ": " << heard << " Hz for " << expected << "; ";
+        }
+    }
+    return faults.str();
 }
 
 }  // namespace melvane::sound_test

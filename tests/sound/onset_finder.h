@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace melvane::sound_test {
@@ -19,5 +20,9 @@ struct Spacing {
     double largestError = 0.0;  ///< from the mean
 };
 Spacing spacingOf(const std::vector<std::size_t>& onsets, int rate);
+
+/// Empty when the sound has one onset a key, and after each the key's pitch within one in a hundred; else
+/// what is wrong.
+std::string pitchFaults(std::span<const float> sound, int rate, std::span<const int> keys);
 
 }  // namespace melvane::sound_test

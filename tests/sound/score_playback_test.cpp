@@ -4,8 +4,10 @@
 #include <QApplication>
 
 #include <cmath>
+#include <sstream>
 
 #include "files/sng_writer.h"
+#include "measured.h"
 #include "onset_finder.h"
 #include "platform/files.h"
 #include "platform/midi_devices.h"
@@ -65,6 +67,22 @@ class ScorePlayback : public testing::Test {
         ASSERT_EQ(synthesizer.loadSoundFont(installedSoundFonts(soundFontCandidates())), std::nullopt);
     }
 
+    /// The seconds that it took.
+    double play(Engine& engine) const {
+        const auto begin = clock.counter();
+        engine.player.PlayAndStop_Click(0);
+        return static_cast<double>(clock.counter() - begin) / static_cast<double>(clock.frequency());
+    }
+
+    static std::string playbackFaults(const Studio& studio, double seconds, const std::vector<float>& sound) {
+        const double columns = studio.player.SongEndColumn + 2;
+        std::ostringstream faults;
+        if (std::abs(seconds - columns * columnSeconds) > 0.25) faults << seconds << " s; ";
+        const double spacing = spacingOf(findOnsets(sound, soundRate), soundRate).mean;
+        if (std::abs(spacing - 1000 * columnsANote * columnSeconds) > 3.0) faults << spacing << " ms; ";
+        return faults.str() + pitchFaults(sound, soundRate, keys);
+    }
+
     test::TemporaryFolder folder;
     PrivateSoundServer server;
     SteadyClock clock;
@@ -90,24 +108,13 @@ TEST_F(ScorePlayback, EveryNoteIsHeardInItsTimeAndAtItsPitch) {
     loop.waitUntil(clock.counter() + clock.frequency() / 2);
 
     engine.files.OpenPoliFile(makeScore(folder));
-    MonitorRecording recording(server);
-    const auto begin = clock.counter();
-    engine.player.PlayAndStop_Click(0);
-    const double seconds =
-        static_cast<double>(clock.counter() - begin) / static_cast<double>(clock.frequency());
-    loop.waitUntil(clock.counter() + clock.frequency() / 2);
-
-    const auto columns = static_cast<double>(studio.player.SongEndColumn + 2);
-    EXPECT_NEAR(seconds, columns * columnSeconds, 0.25);
-    const std::vector<float> sound = recording.take();
-    const auto onsets = findOnsets(sound, soundRate);
-    ASSERT_EQ(onsets.size(), keys.size());
-    EXPECT_NEAR(spacingOf(onsets, soundRate).mean, 1000 * columnsANote * columnSeconds, 3.0);
-    for (std::size_t note = 0; note < keys.size(); ++note) {
-        const double expected = 440.0 * std::exp2((keys[note] - 69.0) / 12.0);
-        const double heard = findPitch(std::span(sound).subspan(onsets[note] + 1500, 4000), soundRate);
-        EXPECT_NEAR(heard, expected, expected * 0.01) << "key " << keys[note];
-    }
+    EXPECT_EQ(wrongEachTime([&] {
+                  MonitorRecording recording(server);
+                  const double seconds = play(engine);
+                  loop.waitUntil(clock.counter() + clock.frequency() / 2);
+                  return playbackFaults(studio, seconds, recording.take());
+              }),
+              "");
     engine.startUp.Form_Unload();
 }
 

@@ -2,8 +2,10 @@
 
 #include <chrono>
 #include <cmath>
+#include <sstream>
 #include <thread>
 
+#include "measured.h"
 #include "onset_finder.h"
 #include "platform/clock.h"
 #include "platform/midi_devices.h"
@@ -100,41 +102,48 @@ class SoundServer : public testing::Test {
     CountingTap tap;
 };
 
-TEST_F(SoundServer, HearsEveryNoteAtTheSpacingPlayed) {
-    const auto card = openCard();
-    std::this_thread::sleep_for(500ms);
-    MonitorRecording recording(server);
-    const auto struck = play(drums, std::vector<std::uint32_t>(20, claves), 138ms);
-    std::this_thread::sleep_for(300ms);
-    const auto onsets = findOnsets(recording.take(), soundRate);
-    ASSERT_EQ(onsets.size(), struck.size());
-    int farOff = 0;
+/// Empty when each spacing heard is the one played, and the mean is 138 ms.
+std::string spacingFaults(const std::vector<std::size_t>& onsets, const std::vector<std::int64_t>& struck) {
+    std::ostringstream faults;
+    if (onsets.size() != struck.size()) {
+        faults << onsets.size() << " onsets of " << struck.size();
+        return faults.str();
+    }
     for (std::size_t i = 1; i < onsets.size(); ++i) {
         const double heard = 1000.0 * static_cast<double>(onsets[i] - onsets[i - 1]) / soundRate;
         const double played = 1e-6 * static_cast<double>(struck[i] - struck[i - 1]);
-        if (std::abs(heard - played) > 2.0) ++farOff;
+        if (std::abs(heard - played) > 2.0)
+            faults << "note " << i << ": " << heard << " for " << played << "; ";
     }
-    // On a busy machine the server or the recorder may miss a few milliseconds once or twice.
-    EXPECT_LE(farOff, 2);
-    EXPECT_NEAR(spacingOf(onsets, soundRate).mean, 138.0, 2.0);
+    const double mean = spacingOf(onsets, soundRate).mean;
+    if (std::abs(mean - 138.0) > 2.0) faults << "mean " << mean;
+    return faults.str();
+}
+
+TEST_F(SoundServer, HearsEveryNoteAtTheSpacingPlayed) {
+    const auto card = openCard();
+    std::this_thread::sleep_for(500ms);
+    EXPECT_EQ(wrongEachTime([&] {
+                  MonitorRecording recording(server);
+                  const auto struck = play(drums, std::vector<std::uint32_t>(20, claves), 138ms);
+                  std::this_thread::sleep_for(300ms);
+                  return spacingFaults(findOnsets(recording.take(), soundRate), struck);
+              }),
+              "");
 }
 
 TEST_F(SoundServer, HearsTheKeysThatWerePlayed) {
     const auto card = openCard();
     std::this_thread::sleep_for(300ms);
-    MonitorRecording recording(server);
-    send(program(0, 80));
-    const std::vector<std::uint32_t> keys = {57, 60, 64, 69, 72};
-    play(0, keys, 400ms);
-    std::this_thread::sleep_for(300ms);
-    const std::vector<float> sound = recording.take();
-    const auto onsets = findOnsets(sound, soundRate);
-    ASSERT_EQ(onsets.size(), keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        const double expected = 440.0 * std::exp2((static_cast<double>(keys[i]) - 69.0) / 12.0);
-        const double heard = findPitch(std::span(sound).subspan(onsets[i] + 1500, 4000), soundRate);
-        EXPECT_NEAR(heard, expected, expected * 0.01) << "key " << keys[i];
-    }
+    const std::vector<int> keys = {57, 60, 64, 69, 72};
+    EXPECT_EQ(wrongEachTime([&] {
+                  MonitorRecording recording(server);
+                  send(program(0, 80));
+                  play(0, {keys.begin(), keys.end()}, 400ms);
+                  std::this_thread::sleep_for(300ms);
+                  return pitchFaults(recording.take(), soundRate, keys);
+              }),
+              "");
 }
 
 TEST_F(SoundServer, GoesOnWithoutAServerThatDiesAndUsesItAgainWhenItIsBack) {
@@ -150,10 +159,14 @@ TEST_F(SoundServer, GoesOnWithoutAServerThatDiesAndUsesItAgainWhenItIsBack) {
     ASSERT_EQ(server.start(), "");
     ASSERT_TRUE(comesTrue([&] { return card->hasOutput(); }));
     EXPECT_EQ(card->takeNotice(), SoundCard::backNotice);
-    MonitorRecording recording(server);
-    play(drums, {claves, claves, claves}, 200ms);
-    std::this_thread::sleep_for(300ms);
-    EXPECT_EQ(findOnsets(recording.take(), soundRate).size(), 3U);
+    EXPECT_EQ(wrongEachTime([&] {
+                  MonitorRecording recording(server);
+                  play(drums, {claves, claves, claves}, 200ms);
+                  std::this_thread::sleep_for(300ms);
+                  const auto heard = findOnsets(recording.take(), soundRate).size();
+                  return heard == 3 ? std::string() : std::to_string(heard) + " onsets of 3";
+              }),
+              "");
 }
 
 TEST_F(SoundServer, GoesOnWhileTheServerHangsAndClosesAtOnce) {
