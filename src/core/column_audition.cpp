@@ -15,7 +15,6 @@ void ColumnAudition::StopColumnNotes() {
         sounder_.ChangeInstrument(studio_.score.InstArray.get(track, column, 0), track);
         sounder_.StopNote(row);
     }
-    sounder_.reset();
 }
 
 void ColumnAudition::listNames(NameTables& tables) {

@@ -11,8 +11,7 @@ class ColumnAudition {
  public:
     ColumnAudition(Studio& studio, Sounder& sounder) : studio_(studio), sounder_(sounder) {}
 
-    /// On every active track that is not hidden, the note at the press's column ends; then the output is
-    /// silent.
+    /// On every active track that is not hidden, the note at the press's column ends.
     void StopColumnNotes();
 
     void listNames(NameTables& tables);

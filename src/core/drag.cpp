@@ -15,9 +15,17 @@ bool takeDragEnd(Studio& studio, double X) {
     assign(drag.DragEndColumn, pageColumn(X));
     if (drag.DragEndColumn == drag.DragLastColumn) return false;
     drag.DragLastColumn = drag.DragEndColumn;
-    const Int16 last = std::min(drag.DragEndColumn, studio.page.PageColumns);
-    drag.DragEndColumn = std::max(last, drag.DragColumn);
+    drag.DragEndColumn = shownDragEnd(studio);
     return true;
+}
+
+Int16 shownDragEnd(const Studio& studio) {
+    return std::max(std::min(studio.drag.DragEndColumn, studio.page.PageColumns), studio.drag.DragColumn);
+}
+
+void scrollColumns(Studio& studio, int columns) {
+    auto& bar = studio.form1.HScroll1;
+    bar.set(std::min(bar.value() + columns, bar.maximum()));
 }
 
 void takeReleaseColumn(Studio& studio, double X) {

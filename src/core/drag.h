@@ -17,6 +17,7 @@ inline constexpr int erase = 0, menu = 1, chord = 2;
 }
 
 inline constexpr int fullVelocity = 127;
+inline constexpr int rightMargin = 24;  ///< pixels; a drag in it scrolls
 
 /// The column of the page in which X lies, in pixels from its left edge; far outside, the nearest million
 /// pixels count.
@@ -28,6 +29,12 @@ void noteColumnUnderMouse(Studio& studio, double X);
 /// Takes the column under the mouse as the drag's end, kept inside the page and not before the press. False,
 /// with the bare column kept, when it is the one drawn last.
 bool takeDragEnd(Studio& studio, double X);
+
+/// The drag's end as it is shown: inside the page and not before the press.
+Int16 shownDragEnd(const Studio& studio);
+
+/// Moves the page on, as far as the scroll bar goes.
+void scrollColumns(Studio& studio, int columns);
 
 /// The column of the page in which a drag ends at its release.
 void takeReleaseColumn(Studio& studio, double X);

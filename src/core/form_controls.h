@@ -29,10 +29,11 @@ struct MainControls {
     std::array<TextControl, 13> Label8;  ///< channel labels; index 9 is not offered
     /// The effect read-out: modulation, pan, reverb and chorus of the note under inspection, 0 to 127.
     std::array<ScrollControl, 4> Picture10;
-    std::array<CheckControl, 15> Cmd2;  ///< the main toolbar; an entry is down while its state is on
-    CheckControl CmdInst;               ///< "Change instrument"
-    TextControl SideBar;                ///< the row names as one text; usually hidden
-    TextControl StatusText;             ///< what the user is told without a box
+    std::array<CheckControl, 15> Cmd2;        ///< the main toolbar; an entry is down while its state is on
+    CheckControl CmdInst;                     ///< "Change instrument"
+    std::array<CheckControl, 3> FunctionBut;  ///< the tablet's tools, by EditMode; not shown
+    TextControl SideBar;                      ///< the row names as one text; usually hidden
+    TextControl StatusText;                   ///< what the user is told without a box
 };
 
 struct SetupControls {
@@ -46,6 +47,16 @@ struct SetupControls {
     ListControl Combo2;         ///< MIDI devices, index 0 "MIDI Mapper"
     ListControl Combo3;         ///< chords, without "Single Note"
     std::int32_t SetupChannel = 0;
+};
+
+/// The Editing toolbar, as far as the operations on blocks ask it.
+struct EditingControls {
+    TextControl Text1{"1"};     ///< "Spaces", columns
+    TextControl Text3{"60"};    ///< "Notes", columns
+    TextControl Text4{"12"};    ///< "Repeat", columns
+    TextControl Text5{"12"};    ///< "Beats", columns
+    CheckControl Check1{true};  ///< "Percussion"
+    CheckControl Check2{true};  ///< "Melody"
 };
 
 /// The note test panel, as far as the main window asks it.

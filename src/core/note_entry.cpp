@@ -12,7 +12,6 @@ namespace melvane {
 
 namespace {
 
-constexpr int margin = 24;            // pixels at the right edge
 constexpr int nextPage = 5;           // columns
 constexpr double farthestMark = 1e6;  // pixels
 
@@ -33,9 +32,8 @@ void NoteEntry::MusicBox_MouseDown(int button, int, double X, double Y) {
         case edit_mode::draw:
             return pressInDrawMode(button);
         case edit_mode::position:
-            return pressForPosition(button);
         case edit_mode::select:
-            return pressInSelectMode(button);
+            return pressTool(button);
         default:
             return;
     }
@@ -63,29 +61,15 @@ void NoteEntry::pressInDrawMode(int button) {
     if (button == mouse::right) pressRight();
 }
 
-void NoteEntry::pressForPosition(int button) {
+/// The menu leaves the selection to the position tool, and takes it from the selecting one.
+void NoteEntry::pressTool(int button) {
+    const bool selects = studio_.selection.EditMode == edit_mode::select;
+    auto& selecting = parts_.selecting;
     if (button == mouse::left) {
-        assign(studio_.selection.InsertPosition, column());
-        parts_.surfaces.DrawNoteArray();
+        selects ? selecting.pressOnTablet() : selecting.placeOnTablet();
     } else if (button == mouse::right) {
         menu();
-    }
-}
-
-void NoteEntry::pressInSelectMode(int button) {
-    auto& selection = studio_.selection;
-    if (button == mouse::left) {
-        assign(selection.SelStart, column());
-        assign(selection.InsertPosition, column());
-        studio_.drag.DragStartColumn = studio_.drag.DragColumn;
-        studio_.player.PlayRangeStart = studio_.page.FirstColumn;
-        parts_.surfaces.GetBox();
-        parts_.surfaces.drawSelectionLine(studio_.drag.DragColumn);
-    } else if (button == mouse::right) {
-        menu();
-        selection.SelStart = selection.SelEnd = -1;
-        selection.InsertPosition = 0;
-        parts_.surfaces.DrawNoteArray();
+        if (selects) selecting.clearOnTablet();
     }
 }
 
@@ -202,8 +186,7 @@ void NoteEntry::MusicBox_MouseMove(int button, int shift, double X, double Y) {
     const int mode = studio_.selection.EditMode;
     const bool left = (button & mouse::left) != 0, right = (button & mouse::right) != 0;
     if (mode == edit_mode::select && left) {
-        if (X > studio_.form1.MusicBox.width() - margin) scroll(1);
-        dragSelection(X);
+        parts_.selecting.dragOnTablet(X);
     } else if (mode == edit_mode::draw && left) {
         dragNote(X);
     } else if (mode == edit_mode::draw && right && !studio_.form1.Check1.ticked() &&
@@ -215,21 +198,16 @@ void NoteEntry::MusicBox_MouseMove(int button, int shift, double X, double Y) {
 /// True when the move ends here.
 bool NoteEntry::moveInMargin(int button, double X, double Y) {
     auto& tablet = studio_.form1.MusicBox;
-    if (X <= tablet.width() - margin || studio_.selection.EditMode != edit_mode::draw) return false;
+    if (X <= tablet.width() - rightMargin || studio_.selection.EditMode != edit_mode::draw) return false;
     if ((button & mouse::left) != 0) {
         tablet.setTip("Scroll ahead ");
         MusicBox_MouseUp(mouse::left, 0, X, Y);
-        scroll(1);
+        scrollColumns(studio_, 1);
     } else if ((button & mouse::right) != 0) {
         tablet.setTip("Scroll to next page");
-        scroll(nextPage);
+        scrollColumns(studio_, nextPage);
     }
     return true;
-}
-
-void NoteEntry::scroll(int columns) {
-    auto& bar = studio_.form1.HScroll1;
-    bar.set(std::min(bar.value() + columns, bar.maximum()));
 }
 
 /// The cell is looked for at the page's column, the instrument at the score's: right on the first page only.
@@ -243,13 +221,6 @@ void NoteEntry::showTip(double X) {
         const int instrument = studio_.score.InstArray.get(track(), page + studio_.page.FirstColumn, -1);
         tablet.setTip(std::string(NoteName(value)) + " -  " + std::string(instrumentName(instrument)));
     }
-}
-
-void NoteEntry::dragSelection(double X) {
-    if (!takeDragEnd(studio_, X)) return;
-    parts_.surfaces.PutBox();
-    parts_.surfaces.drawSelectionLine(studio_.drag.DragEndColumn);
-    parts_.loop.Idle();
 }
 
 void NoteEntry::dragNote(double X) {
@@ -277,7 +248,7 @@ void NoteEntry::MusicBox_MouseUp(int button, int, double X, double Y) {
     if (studio_.selection.EditMode == edit_mode::draw)
         releaseInDrawMode(button, X, Y);
     else if (studio_.selection.EditMode == edit_mode::select && button == mouse::left)
-        releaseInSelectMode(X);
+        parts_.selecting.releaseOnTablet(X);
 }
 
 void NoteEntry::releaseInDrawMode(int button, double X, double Y) {
@@ -299,6 +270,7 @@ void NoteEntry::finishNote(double X, double Y) {
     drag.DragColumn = std::max(drag.DragColumn, drag.DragStartColumn);
     const bool written = writeNote(studio_, first + drag.DragStartColumn, first + drag.DragColumn, row);
     parts_.audition.StopColumnNotes();
+    parts_.sounder.reset();
     if (written) cutNoteBehind(studio_, first + drag.DragColumn);
     parts_.surfaces.DrawNoteArray();
     if (studio_.Form5.visible) markTestedNote(X);
@@ -313,13 +285,6 @@ void NoteEntry::markTestedNote(double X) {
     };
     parts_.surfaces.markTestedNote(pixel(pressX_ - 12), pixel(pressY_ - 10), pixel(X + 10),
                                    pixel(pressY_ + 12));
-}
-
-void NoteEntry::releaseInSelectMode(double X) {
-    takeReleaseColumn(studio_, X);
-    assign(studio_.selection.SelEnd, column());
-    studio_.player.PlayRangeEnd = studio_.selection.SelEnd;
-    parts_.surfaces.DrawNoteArray();
 }
 
 void NoteEntry::listNames(NameTables& tables) {

@@ -5,6 +5,7 @@
 #include "core/column_audition.h"
 #include "core/instrument_choice.h"
 #include "core/note_selector.h"
+#include "core/selection_gestures.h"
 #include "core/sounder.h"
 #include "core/studio.h"
 #include "core/surfaces.h"
@@ -23,6 +24,7 @@ class NoteEntry {
         InstrumentChoice& instruments;
         ColumnAudition& audition;
         NoteSelector& selector;
+        SelectionGestures& selecting;
         EventLoop& loop;
     };
     NoteEntry(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
@@ -40,8 +42,7 @@ class NoteEntry {
     void takeFocusBack();
     void setDragCell(double X, double Y);
     void pressInDrawMode(int button);
-    void pressForPosition(int button);
-    void pressInSelectMode(int button);
+    void pressTool(int button);
     void startNote();
     void pressRight();
     void setChordOfNote(int column);
@@ -51,13 +52,10 @@ class NoteEntry {
     void testSound();
     bool moveInMargin(int button, double X, double Y);
     void showTip(double X);
-    void dragSelection(double X);
     void dragNote(double X);
     void releaseInDrawMode(int button, double X, double Y);
     void markTestedNote(double X);
-    void releaseInSelectMode(double X);
     void finishNote(double X, double Y);
-    void scroll(int columns);
     void menu() const {
         if (openMenu) openMenu();
     }

@@ -17,6 +17,8 @@ inline constexpr QColor columnGrid(237, 237, 237), barLine(68, 204, 255), staff(
 inline constexpr QColor playCursor(255, 192, 192);
 inline constexpr QColor selectionEdge(0, 0, 255), testedNote(255, 255, 0);
 inline constexpr int blendAlpha = 100;  // of 255
+/// White paper under it has the colour of a button's face, (207, 207, 207).
+inline constexpr QColor selectionBand(0, 0, 0, 255 - 207);
 inline constexpr QColor selection(0, 0, 255, blendAlpha), insertion(255, 0, 0, blendAlpha);
 }  // namespace surface_colours
 

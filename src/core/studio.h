@@ -32,11 +32,16 @@ constexpr int shownTrackNumber(int track) { return track <= 9 ? track + 1 : trac
 /// The number of a percussion track among the four, from 1; 0 for any other track.
 constexpr Int16 percussionChannel(int track) {
     switch (track) {
-        case 8: return 1;
-        case 10: return 2;
-        case 11: return 3;
-        case 12: return 4;
-        default: return 0;
+        case 8:
+            return 1;
+        case 10:
+            return 2;
+        case 11:
+            return 3;
+        case 12:
+            return 4;
+        default:
+            return 0;
     }
 }
 
@@ -71,6 +76,8 @@ inline std::optional<int> lastUsedColumn(const Score& score, int track) {
 struct Clipboard {
     Grid ClipNoteArray, ClipInstArray, ClipVolumeArray, ClipModArray, ClipPanArray, ClipReverbArray,
         ClipChorusArray, ClipPolyArray;
+    Int16 ClipLength = 0;  ///< the last offset of the clip: its width is one more
+    Int16 ClipTrack = 0;   ///< where a clip of one track alone was taken from
 };
 
 struct Tracks {
@@ -113,6 +120,14 @@ struct Selection {
     bool CopyonlyOneTrack = false;
 };
 
+/// How "Duplicate notes" lays its copies, in columns, as the Editing toolbar's fields say.
+struct DuplicateValues {
+    Int16 DuplicateNotes = 60;   ///< how far from InsertPosition copies may begin
+    Int16 DuplicateRepeat = 12;  ///< from the start of one copy to that of the next
+    Int16 DuplicateBeats = 12;   ///< the motif at the score's start
+    Int16 ToolbarFirstChannel = 0, ToolbarLastChannel = 12;  ///< tracks; none when the last is lower
+};
+
 /// A press on the tablet or the tableau in progress; columns and rows of the page.
 struct Drag {
     Int16 DragColumn = 0, DragRow = 0, DragStartColumn = 0, DragEndColumn = 0, DragLastColumn = 0,
@@ -140,7 +155,8 @@ struct Sounds {
 struct Playback {
     bool Playing = false, PauseRequested = false, LoopSong = false, ShowPlayingPosition = true;
     bool PlayingSelection = false, RecordingSong = false;
-    float StepTime = 0;  ///< seconds a column
+    bool StopPressed = false;  ///< set by each stop; whoever ends on it clears it first
+    float StepTime = 0;        ///< seconds a column
     Int16 PlayColumn = 0, SongEndColumn = 0;
     PerTrack<Int16> LastPlayedCell{}, LastPlayedInstrument{};
     Int16 PreviousCellState = 0, CurrentCellState = 0;  ///< 0 rest, 1 start, 2 sustain
@@ -166,12 +182,14 @@ struct Studio {
     Tracks tracks;
     Page page;
     Selection selection;
+    DuplicateValues duplicate;
     Drag drag;
     Instruments instruments;
     Sounds sounds;
     Playback player;
     Shell shell;
     MainControls form1;
+    EditingControls Form2;
     SetupControls Form3;
     TestPanelControls Form5;
     PickerControls FrmInst;

@@ -66,6 +66,8 @@ void listClipboard(StateTable& table, Clipboard& clipboard) {
     table.add("ClipReverbArray", clipboard.ClipReverbArray);
     table.add("ClipChorusArray", clipboard.ClipChorusArray);
     table.add("ClipPolyArray", clipboard.ClipPolyArray);
+    table.add("ClipLength", clipboard.ClipLength);
+    table.add("ClipTrack", clipboard.ClipTrack);
 }
 
 void listTracks(StateTable& table, Tracks& tracks) {
@@ -222,7 +224,17 @@ void listMain(ControlTable& table, MainControls& form1) {
             table.addMember("form1", "Label8", track, form1.Label8[static_cast<std::size_t>(track)]);
     }
     table.add("form1", "Cmd2", form1.Cmd2);
+    table.add("form1", "FunctionBut", form1.FunctionBut);
     table.add("form1", "StatusText", form1.StatusText);
+}
+
+void listEditing(ControlTable& table, EditingControls& Form2) {
+    table.add("Form2", "Text1", Form2.Text1);
+    table.add("Form2", "Text3", Form2.Text3);
+    table.add("Form2", "Text4", Form2.Text4);
+    table.add("Form2", "Text5", Form2.Text5);
+    table.add("Form2", "Check1", Form2.Check1);
+    table.add("Form2", "Check2", Form2.Check2);
 }
 
 void listSetup(ControlTable& table, SetupControls& Form3) {
@@ -260,6 +272,7 @@ void listStudio(NameTables& tables, Studio& studio) {
     listShell(tables.state, studio.shell);
     tables.state.add("SetupChannel", studio.Form3.SetupChannel);
     listMain(tables.controls, studio.form1);
+    listEditing(tables.controls, studio.Form2);
     listSetup(tables.controls, studio.Form3);
     tables.controls.add("Form5", "Combo3", studio.Form5.Combo3);
     tables.controls.add("Form5", "Text5", studio.Form5.Text5);

@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <array>
 #include <cmath>
 
 #include "core/qt_pointers.h"
@@ -46,9 +47,10 @@ QImage& SurfaceView::pixels() {
 }
 
 void SurfaceView::setPointer(DrawingPointer pointer) {
-    const bool draws = pointer == DrawingPointer::pencil;
-    if (draws == (cursor().shape() == Qt::BitmapCursor) && testAttribute(Qt::WA_SetCursor)) return;
-    setCursor(draws ? pencilPointer() : QCursor(Qt::UpArrowCursor));
+    static constexpr std::array shapes{Qt::UpArrowCursor, Qt::BitmapCursor, Qt::ArrowCursor, Qt::CrossCursor};
+    const auto shape = shapes[static_cast<std::size_t>(pointer)];
+    if (shape == cursor().shape() && testAttribute(Qt::WA_SetCursor)) return;
+    setCursor(pointer == DrawingPointer::pencil ? pencilPointer() : QCursor(shape));
 }
 
 void SurfaceView::paintEvent(QPaintEvent*) {

@@ -5,7 +5,7 @@ namespace melvane {
 
 /// The two areas on which notes are drawn.
 enum class Area { tablet, tableau };
-enum class DrawingPointer { upArrow, pencil };
+enum class DrawingPointer { upArrow, pencil, arrow, cross };
 
 /// The pictures of the main window, as the engine works with them: surfaces that keep their pixels, painted
 /// anew from the grids or saved and put back in strips. Columns and rows are those of the page, from 0. A
@@ -33,8 +33,11 @@ class Surfaces {
     virtual void drawHead(Area area, int column, int row) = 0;
     /// The bar of a note in hand, from `column` to `lastColumn`, then its head.
     virtual void drawDraggedNote(Area area, int column, int lastColumn, int row) = 0;
-    /// The moving edge of a selection: a line at the column's left edge.
+    /// The edge of a selection: a line at the column's left edge.
     virtual void drawSelectionLine(int column) = 0;
+    /// A selection while the mouse draws it: a bar as high as the tablet, from the left edge of `column` to
+    /// that of `lastColumn`, where the moving edge stands.
+    virtual void drawSelectionBand(int column, int lastColumn) = 0;
     /// The yellow box around a note under test, in pixels; its corners may stand in any order.
     virtual void markTestedNote(int x1, int y1, int x2, int y2) = 0;
     /// Repaints the selector with its cursor in `column` of the page: the column's width less one, 27 pixels

@@ -43,7 +43,7 @@ void TableauEntry::Beatbox_MouseDown(int button, int, double X, double Y) {
     const int mode = studio_.selection.EditMode;
     if (mode == edit_mode::draw && button == mouse::right && !studio_.form1.Check4.ticked()) pressRight();
     if (mode == edit_mode::draw && button == mouse::left) startBeat();
-    if (mode == edit_mode::position) pressForPosition();
+    if (mode == edit_mode::position) parts_.selecting.placeOnTableau();
     if (mode == edit_mode::select) pressInSelectMode(button);
 }
 
@@ -102,25 +102,9 @@ void TableauEntry::startBeat() {
     if (const Int16 channel = percussionChannel(track()); channel > 0) score.PercussionCount = channel;
 }
 
-void TableauEntry::pressForPosition() {
-    assign(studio_.selection.InsertPosition, column());
-    parts_.surfaces.DrawBeatArray();
-}
-
 void TableauEntry::pressInSelectMode(int button) {
-    auto& selection = studio_.selection;
-    if (button == mouse::right) {
-        selection.SelStart = selection.SelEnd = -1;
-        parts_.surfaces.DrawBeatArray();
-    } else if (button == mouse::left) {
-        const bool keepsStart = selection.SelStart >= 0 && column() >= selection.SelStart;
-        parts_.surfaces.DrawBeatArray();
-        parts_.surfaces.GetBox();
-        studio_.drag.DragStartColumn = studio_.drag.DragColumn;
-        if (keepsStart) return;
-        assign(selection.SelStart, column());
-        studio_.player.PlayRangeStart = studio_.page.FirstColumn;
-    }
+    if (button == mouse::right) parts_.selecting.clearOnTableau();
+    if (button == mouse::left) parts_.selecting.pressOnTableau();
 }
 
 void TableauEntry::Beatbox_MouseMove(int button, int shift, double X, double Y) {
@@ -132,8 +116,7 @@ void TableauEntry::Beatbox_MouseMove(int button, int shift, double X, double Y) 
     if (mode == edit_mode::draw && left) {
         dragBeat(X);
     } else if (mode == edit_mode::select && left) {
-        takeDragEnd(studio_, X);
-        parts_.surfaces.PutBox();
+        parts_.selecting.dragOnTableau(X);
     } else if (right && !(mode == edit_mode::draw && studio_.selection.RightClickMode == right_click::menu)) {
         Beatbox_MouseDown(mouse::right, shift, X, Y);
     }
@@ -164,7 +147,7 @@ void TableauEntry::Beatbox_MouseUp(int button, int, double X, double Y) {
         parts_.sounder.reset();
     } else if (button == mouse::left) {
         if (studio_.selection.EditMode == edit_mode::draw) finishBeat(X);
-        if (studio_.selection.EditMode == edit_mode::select) finishSelection(X);
+        if (studio_.selection.EditMode == edit_mode::select) parts_.selecting.releaseOnTableau(X);
     }
 }
 
@@ -185,16 +168,10 @@ void TableauEntry::finishBeat(double X) {
     drag.DragColumn = std::max(drag.DragColumn, drag.DragStartColumn);
     const bool written = writeNote(studio_, first + drag.DragStartColumn, first + drag.DragColumn, row);
     parts_.audition.StopColumnNotes();
+    parts_.sounder.reset();
     if (written) cutNoteBehind(studio_, first + drag.DragColumn);
     parts_.surfaces.DrawBeatArray();
     parts_.surfaces.DrawNoteArray();
-}
-
-void TableauEntry::finishSelection(double X) {
-    takeReleaseColumn(studio_, X);
-    assign(studio_.selection.SelEnd, column());
-    studio_.player.PlayRangeEnd = studio_.selection.SelEnd;
-    parts_.surfaces.DrawBeatArray();
 }
 
 void TableauEntry::listNames(NameTables& tables) {

@@ -4,6 +4,7 @@
 #include "core/channel_selection.h"
 #include "core/column_audition.h"
 #include "core/instrument_choice.h"
+#include "core/selection_gestures.h"
 #include "core/sounder.h"
 #include "core/studio.h"
 #include "core/surfaces.h"
@@ -21,6 +22,7 @@ class TableauEntry {
         InstrumentChoice& instruments;
         ChannelSelection& channels;
         ColumnAudition& audition;
+        SelectionGestures& selecting;
     };
     TableauEntry(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
 
@@ -41,13 +43,11 @@ class TableauEntry {
     void pressRight();
     void eraseBeat(int column);
     void startBeat();
-    void pressForPosition();
     void pressInSelectMode(int button);
     void showTip(double X);
     void dragBeat(double X);
     void enlarge(double Y);
     void finishBeat(double X);
-    void finishSelection(double X);
 
     int column() const { return studio_.page.FirstColumn + studio_.drag.DragColumn; }
     int track() const { return studio_.tracks.CurrentTrack; }

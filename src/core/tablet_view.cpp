@@ -125,6 +125,15 @@ void TabletView::drawSelectionLine(int column) {
     });
 }
 
+/// Notes under the bar show through, darker.
+void TabletView::drawSelectionBand(int column, int lastColumn) {
+    const int x = column * columnWidth, edge = lastColumn * columnWidth;
+    drawOn({x, 0, edge - x + 1, height()}, [&](QPainter& painter) {
+        PixelPainter(painter).box(x, 0, edge - 1, height() - 1, surface_colours::selectionBand);
+    });
+    drawSelectionLine(lastColumn);
+}
+
 void TabletView::markTestedNote(QRect box) {
     // A line of 4 pixels lies from 2 before its way to 1 behind it.
     const auto [left, right] = std::minmax({box.left(), box.right()});

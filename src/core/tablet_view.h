@@ -29,6 +29,7 @@ class TabletView : public SurfaceView {
     void drawHead(int column, int row);
     void drawDraggedNote(int column, int lastColumn, int row);
     void drawSelectionLine(int column);
+    void drawSelectionBand(int column, int lastColumn);
     /// `box` in any order of its corners; the line lies 2 pixels to either side of its edges.
     void markTestedNote(QRect box);
     /// The kept picture with the play cursor, as the user sees it.

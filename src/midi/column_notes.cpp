@@ -1,8 +1,7 @@
 #include "midi/column_notes.h"
 
-#include <algorithm>
-
 #include "core/names.h"
+#include "core/song_end.h"
 
 namespace melvane {
 
@@ -66,15 +65,7 @@ void ColumnNotes::stopVisibleNotes() {
     }
 }
 
-void ColumnNotes::FindSongEnd() {
-    Int16& end = studio_.player.SongEndColumn;
-    end = 0;
-    for (int track = 0; track <= lastTrackNumber; ++track) {
-        if (studio_.isHidden(track)) continue;
-        const int last = lastUsedColumn(studio_.score, track).value_or(-1);
-        if (last > end) assign(end, last + 1);
-    }
-}
+void ColumnNotes::FindSongEnd() { findSongEnd(studio_); }
 
 void ColumnNotes::listNames(NameTables& tables) {
     tables.operations.add("form1", "PlayNotes", this, &ColumnNotes::PlayNotes);

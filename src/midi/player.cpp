@@ -20,6 +20,7 @@ std::optional<float> stepTime(int tempo, double factor) {
 void Player::PlayAndStop_Click(int Index) {
     auto& player = studio_.player;
     if (Index != 0) {
+        player.StopPressed = true;
         EnableControls();
         player.Playing = false;
     } else if (!player.Playing) {

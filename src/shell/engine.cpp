@@ -22,8 +22,12 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       noteInstrument(studio, picker, output, instruments, outside.dialogs),
       audition(studio, sounding),
       selector(studio, surfaces, chords),
-      entry(studio, {surfaces, sounding, instruments, audition, selector, outside.loop}),
-      tableau(studio, {surfaces, sounding, instruments, channels, audition}),
+      selecting(studio, surfaces, outside.loop),
+      entry(studio, {surfaces, sounding, instruments, audition, selector, selecting, outside.loop}),
+      tableau(studio, {surfaces, sounding, instruments, channels, audition, selecting}),
+      tools(studio, surfaces),
+      blocks(studio, surfaces),
+      duplication(studio, surfaces, blocks, outside.loop),
       score(studio, surfaces, sounding, panel),
       page(studio, surfaces),
       panic(studio, output, instruments),
@@ -90,6 +94,9 @@ void Engine::listNames() {
     selector.listNames(tables);
     entry.listNames(tables);
     tableau.listNames(tables);
+    tools.listNames(tables);
+    blocks.listNames(tables);
+    duplication.listNames(tables);
     score.listNames(tables);
     page.listNames(tables);
     panic.listNames(tables);

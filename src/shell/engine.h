@@ -1,6 +1,8 @@
 #pragma once
+#include "core/block_editing.h"
 #include "core/channel_selection.h"
 #include "core/chords.h"
+#include "core/duplication.h"
 #include "core/file_operations.h"
 #include "core/instrument_choice.h"
 #include "core/main_frame.h"
@@ -8,10 +10,12 @@
 #include "core/note_entry.h"
 #include "core/quick_compose.h"
 #include "core/score_model.h"
+#include "core/selection_gestures.h"
 #include "core/settings.h"
 #include "core/studio.h"
 #include "core/tableau_entry.h"
 #include "core/tablet_page.h"
+#include "core/tablet_tools.h"
 #include "files/score_files.h"
 #include "midi/midi_output.h"
 #include "midi/note_instrument.h"
@@ -49,8 +53,12 @@ class Engine {
     NoteInstrument noteInstrument;
     ColumnAudition audition;
     NoteSelector selector;
+    SelectionGestures selecting;
     NoteEntry entry;
     TableauEntry tableau;
+    TabletTools tools;
+    BlockEditing blocks;
+    Duplication duplication;
     ScoreModel score;
     TabletPage page;
     Panic panic;

@@ -95,6 +95,9 @@ void form1::drawDraggedNote(Area area, int column, int lastColumn, int row) {
                          : Beatbox_->drawDraggedNote(column, lastColumn, row);
 }
 void form1::drawSelectionLine(int column) { Picmain_->tablet().drawSelectionLine(column); }
+void form1::drawSelectionBand(int column, int lastColumn) {
+    Picmain_->tablet().drawSelectionBand(column, lastColumn);
+}
 void form1::markTestedNote(int x1, int y1, int x2, int y2) {
     Picmain_->tablet().markTestedNote(QRect(QPoint(x1, y1), QPoint(x2, y2)));
 }

@@ -38,6 +38,7 @@ class form1 : public FramedWindow, public Surfaces, public MainFrame {
     void drawHead(Area area, int column, int row) override;
     void drawDraggedNote(Area area, int column, int lastColumn, int row) override;
     void drawSelectionLine(int column) override;
+    void drawSelectionBand(int column, int lastColumn) override;
     void markTestedNote(int x1, int y1, int x2, int y2) override;
     void drawSelectorCursor(int column, Colour colour) override;
     void drawChordRing(int column, int row, Colour colour) override;

@@ -32,14 +32,17 @@ class RecordingSurfaces final : public Surfaces {
         (area == Area::tablet ? tabletPointer : tableauPointer) = pointer;
     }
     void drawHead(Area area, int column, int row) override {
-        calls.push_back(std::string(area == Area::tablet ? "head " : "beat head ") + std::to_string(column) + " " +
-                        std::to_string(row));
+        calls.push_back(std::string(area == Area::tablet ? "head " : "beat head ") + std::to_string(column) +
+                        " " + std::to_string(row));
     }
     void drawDraggedNote(Area area, int column, int lastColumn, int row) override {
-        calls.push_back(std::string(area == Area::tablet ? "bar " : "beat bar ") + std::to_string(column) + " " +
-                        std::to_string(lastColumn) + " " + std::to_string(row));
+        calls.push_back(std::string(area == Area::tablet ? "bar " : "beat bar ") + std::to_string(column) +
+                        " " + std::to_string(lastColumn) + " " + std::to_string(row));
     }
     void drawSelectionLine(int column) override { note("drawSelectionLine", column); }
+    void drawSelectionBand(int column, int lastColumn) override {
+        calls.push_back("band " + std::to_string(column) + " " + std::to_string(lastColumn));
+    }
     void markTestedNote(int x1, int y1, int x2, int y2) override {
         std::string call = "markTestedNote";
         for (const int at : {x1, y1, x2, y2}) call += " " + std::to_string(at);

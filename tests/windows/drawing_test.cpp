@@ -9,7 +9,7 @@ namespace melvane::test {
 namespace {
 
 const QColor paper(255, 255, 255), red(255, 0, 0), black(0, 0, 0), grid(237, 237, 237);
-const QColor yellow(255, 255, 0), blue(0, 0, 255);
+const QColor yellow(255, 255, 0), blue(0, 0, 255), buttonFace(207, 207, 207);
 
 // Row 67 of the score is the 25th of the page, 8 pixels a row.
 constexpr int row = 67, pageRow = 25, top = 200;
@@ -110,17 +110,54 @@ TEST_F(DrawingTest, ARightPressErasesTheNote) {
     EXPECT_EQ(kept(125, top), paper);
 }
 
-TEST_F(DrawingTest, ASelectionShowsItsMovingEdge) {
+TEST_F(DrawingTest, ASelectionIsABandWithALineAtItsMovingEnd) {
+    write(0, 7, row);
+    window.DrawNoteArray();
     studio.selection.EditMode = 2;
     press(tablet(), cellMiddle(5, top));
     EXPECT_EQ(kept(60, top), blue);
     EXPECT_EQ(kept(60, tablet().height() - 1), blue);
     drag(tablet(), cellMiddle(9, top));
     EXPECT_EQ(kept(108, top), blue);
-    EXPECT_EQ(kept(60, top), grid) << "what the press drew is put back";
+    EXPECT_EQ(kept(108, tablet().height() - 1), blue);
+    EXPECT_EQ(kept(63, top), buttonFace);
+    EXPECT_EQ(kept(107, tablet().height() - 1), buttonFace);
+    EXPECT_EQ(kept(59, top), paper) << "left of the press";
+    EXPECT_EQ(kept(109, top), paper) << "right of the moving end";
+    EXPECT_EQ(kept(89, top + 6), QColor(207, 0, 0)) << "the note shows through";
+    drag(tablet(), cellMiddle(6, top));
+    EXPECT_EQ(kept(72, top), blue);
+    EXPECT_EQ(kept(76, top), paper) << "what the band covered is put back";
     release(tablet(), cellMiddle(9, top));
     EXPECT_EQ(studio.selection.SelStart, 5);
     EXPECT_EQ(studio.selection.SelEnd, 9);
+}
+
+TEST_F(DrawingTest, TheBandFollowsOverTheMarginOntoTheNextPage) {
+    studio.selection.EditMode = 2;
+    write(0, studio.page.PageColumns + 3, row, 3);
+    press(tablet(), cellMiddle(5, top));
+    const QPoint margin(tablet().width() - 3, top);
+    for (int moves = 0; moves < 4; ++moves) drag(tablet(), margin);
+    EXPECT_EQ(studio.page.FirstColumn, 4);
+    const int shown = (studio.page.PageColumns + 3 - 4) * 12;
+    EXPECT_EQ(kept(shown + 5, top + 6), QColor(207, 0, 0)) << "the new page lies under the band";
+    drag(tablet(), cellMiddle(9, top));
+    EXPECT_EQ(kept(shown + 5, top + 6), red) << "and comes back where the band has gone";
+    release(tablet(), cellMiddle(9, top));
+    EXPECT_EQ(studio.selection.SelStart, 5);
+    EXPECT_EQ(studio.selection.SelEnd, 13);
+}
+
+TEST_F(DrawingTest, EachToolHasItsPointer) {
+    engine.tools.FunctionBut_Click(2);
+    EXPECT_EQ(tablet().cursor().shape(), Qt::CrossCursor);
+    engine.tools.FunctionBut_Click(0);
+    EXPECT_EQ(tablet().cursor().shape(), Qt::ArrowCursor);
+    press(tablet(), cellMiddle(10, top));
+    EXPECT_EQ(tablet().cursor().shape(), Qt::BitmapCursor);
+    release(tablet(), cellMiddle(10, top));
+    EXPECT_EQ(tablet().cursor().shape(), Qt::UpArrowCursor);
 }
 
 TEST_F(DrawingTest, ANoteUnderTestIsMarkedInYellow) {

@@ -25,6 +25,7 @@ class NullSurfaces final : public Surfaces {
     void drawHead(Area, int, int) override {}
     void drawDraggedNote(Area, int, int, int) override {}
     void drawSelectionLine(int) override {}
+    void drawSelectionBand(int, int) override {}
     void markTestedNote(int, int, int, int) override {}
     void drawSelectorCursor(int, Colour) override {}
     void drawChordRing(int, int, Colour) override {}
