@@ -259,11 +259,8 @@ TEST_F(BlockEditingTest, ACutBeyondTheEndClearsAsManyColumnsAsItIsWide) {
     write(0, 980, 50, 21);
     select(995, 1010);
     blocks.CutBut_Click();
-    EXPECT_EQ(cells(0, 984, 1000), [] {
-        Cells wanted(17, -1);
-        wanted[0] = 1050;
-        return wanted;
-    }());
+    EXPECT_EQ(cells(0, 983, 984), (Cells{1050, 1050}));
+    EXPECT_EQ(cells(0, 985, 1000), Cells(16, -1));
 }
 
 TEST_F(BlockEditingTest, APasteWithInsertionMovesTheRestByTheWidthOfTheClip) {
