@@ -10,9 +10,21 @@ Program::Program(Outside& outside)
     : outside_(outside),
       window_(studio_),
       engine_(studio_, outside, window_, window_, toolWindows_),
-      picker_(studio_, engine_.picker, &window_) {
+      picker_(studio_, engine_.picker, &window_),
+      menus_(studio_, engine_.menus, &window_) {
     window_.attach(engine_);
+    engine_.menus.showHelp = [this] { showHelp(); };
     picker_.useSettings(engine_.settings);
+}
+
+void Program::showHelp() {
+    if (help_ == nullptr) {
+        help_ = new HelpWindow(studio_, &window_);
+        help_->useSettings(engine_.settings);
+    }
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
 }
 
 bool Program::mayStart() { return engine_.startUp.IsOsSupported() && !engine_.startUp.IsAlreadyRunning(); }

@@ -1,12 +1,16 @@
 #pragma once
+#include <QPointer>
+
 #include <filesystem>
 #include <string>
 
 #include "core/studio.h"
 #include "platform/outside.h"
 #include "shell/engine.h"
+#include "shell/help_window.h"
 #include "shell/instrument_picker_window.h"
 #include "shell/main_window.h"
+#include "shell/popup_menus_window.h"
 #include "ui/floating_windows_window.h"
 
 namespace melvane {
@@ -35,7 +39,11 @@ class Program {
     FloatingWindows toolWindows_;
     form1 window_;
     Engine engine_;
+    void showHelp();
+
     FrmInst picker_;
+    Frmmenu menus_;
+    QPointer<HelpWindow> help_;
 };
 
 }  // namespace melvane

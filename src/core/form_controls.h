@@ -67,6 +67,12 @@ struct TestPanelControls {
     TextControl Text5;
 };
 
+/// The marks of the popup menus.
+struct MenuControls {
+    bool loaded = false;
+    CheckControl mnu3D, mnuXP, mnuSetupToolBar, mnuPercussion, mnuerase, mnuMenu, mnuPoli;
+};
+
 /// The instrument picker; `window` is shown while it is open.
 struct PickerControls {
     PickerControls() { window.setVisible(false); }

@@ -193,6 +193,7 @@ struct Studio {
     SetupControls Form3;
     TestPanelControls Form5;
     PickerControls FrmInst;
+    MenuControls Frmmenu;
 
     /// Whether the Setup toolbar's switch hides `track`; a track without a switch is not hidden.
     bool isHidden(int track) const {

@@ -11,6 +11,12 @@ namespace melvane {
 
 SurfaceView::SurfaceView(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
+/// A surface without a tip of its own does not show that of the panel around it.
+bool SurfaceView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) return true;
+    return QWidget::event(event);
+}
+
 int SurfaceView::device(int logical) const {
     return static_cast<int>(std::lround(logical * devicePixelRatioF()));
 }

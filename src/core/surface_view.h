@@ -30,6 +30,7 @@ class SurfaceView : public QWidget {
     std::function<void()> gotFocus;
 
  protected:
+    bool event(QEvent* event) override;
     /// Paints everything; `size` in logical pixels.
     virtual void paintSurface(QPainter& painter, QSize size) = 0;
     /// Marks on the screen that are not part of the kept picture; logical pixels.

@@ -37,6 +37,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
               {settings, fileOperations, score, channels, instruments, chords, panel, page, output, panic,
                stopWatches}),
       toolbar(studio, toolWindows, score, channels, files, player, panic, startUp),
+      menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       surfaces_(surfaces) {
     connectControls();
     listNames();

@@ -26,6 +26,7 @@
 #include "platform/outside.h"
 #include "shell/instrument_picker.h"
 #include "shell/main_toolbar_commands.h"
+#include "shell/popup_menus.h"
 #include "shell/start_up.h"
 
 namespace melvane {
@@ -66,6 +67,7 @@ class Engine {
     ScoreFiles files;
     StartUp startUp;
     MainToolbarCommands toolbar;
+    PopupMenus menus;
     NameTables tables;
 
  private:

@@ -25,19 +25,20 @@ struct Button {
 constexpr std::array<Button, 15> buttons{{{"clear", false, true},
                                           {"open", false, true},
                                           {"save", false, true},
-                                          {"right_erase", true, false},
+                                          {"right_erase", true, true},
                                           {"rewind", true, true},
                                           {"play", false, true},
                                           {"stop", false, true},
                                           {"silence", false, true},
-                                          {"setup", true, false},
+                                          {"setup", true, true},
                                           {"editing", false, false},
                                           {"recording", false, false},
                                           {"tutorial", false, false},
-                                          {"help", true, false},
+                                          {"help", true, true},
                                           {"emblem", false, false},
                                           {"keyboard", true, false}}};
 
+constexpr int rightClickButton = 3;
 constexpr std::array rightClickIcons{"right_erase", "right_menu", "right_polynotes"};
 
 QToolButton* makeButton(int index, QWidget* parent) {
@@ -50,15 +51,16 @@ QToolButton* makeButton(int index, QWidget* parent) {
     button->setAutoRaise(true);
     button->setFocusPolicy(*MainToolbarCommands::tip(index) != 0 ? Qt::TabFocus : Qt::NoFocus);
     button->setCheckable(true);
-    const QString tip = QString::fromUtf8(MainToolbarCommands::tip(index));
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
     return button;
 }
 
 /// A press is a command, not a choice: which buttons stay down is for the program to say.
-void bindButton(QToolButton& button, CheckControl& state) {
-    bindShown(button, state, [&] { button.setChecked(state.ticked()); });
+void bindButton(QToolButton& button, CheckControl& state, std::function<void()> showPicture) {
+    bindShown(button, state, [&, showPicture = std::move(showPicture)] {
+        if (showPicture) showPicture();
+        button.setChecked(state.ticked());
+        button.setAccessibleName(QString::fromStdString(state.tip()));
+    });
     QObject::connect(&button, &QToolButton::toggled, &button, [&] {
         const QSignalBlocker quiet(button);
         button.setChecked(state.ticked());
@@ -76,10 +78,17 @@ MainToolbar::MainToolbar(Studio& studio, QWidget* parent) : QWidget(parent) {
         const auto at = static_cast<std::size_t>(index);
         if (buttons[at].beginsGroup) row->addSpacing(groupSpace);
         buttons_[at] = makeButton(index, this);
-        studio.form1.Cmd2[at].setEnabled(buttons[at].works);
-        bindButton(*buttons_[at], studio.form1.Cmd2[at]);
+        auto& state = studio.form1.Cmd2[at];
+        state.setEnabled(buttons[at].works);
+        state.setTip(MainToolbarCommands::tip(index));
+        std::function<void()> showPicture;
+        if (index == rightClickButton) {
+            showPicture = [this, &studio] { showRightClickMode(studio.selection.RightClickMode); };
+        }
+        bindButton(*buttons_[at], state, std::move(showPicture));
         row->addWidget(buttons_[at]);
     }
+    setToolTip("Right click for menu");
     row->addSpacing(groupSpace);
     auto* const status = new ElidedLabel(this);
     status->setObjectName("StatusText");
@@ -99,7 +108,7 @@ void MainToolbar::attach(Engine& engine) {
 
 void MainToolbar::showRightClickMode(int mode) {
     const auto at = static_cast<std::size_t>(std::clamp(mode, 0, 2));
-    buttons_[3]->setIcon(icon(rightClickIcons[at]));
+    buttons_[rightClickButton]->setIcon(icon(rightClickIcons[at]));
 }
 
 }  // namespace melvane

@@ -43,6 +43,11 @@ void MainToolbarCommands::Cmd2_Click(int Index) {
         case 2:
             aroundDialog(&ScoreFiles::mSaveAs_Click);
             break;
+        case 3:
+        case 12:
+            toolWindows_.unloadWindow("frminfo");
+            menu(Index);
+            break;
         case 4:
             player_.RewindBut_Click();
             break;
@@ -54,6 +59,9 @@ void MainToolbarCommands::Cmd2_Click(int Index) {
             break;
         case 7:
             panic_.Command32_Click();
+            break;
+        case 8:
+            menu(Index);
             break;
         case 9:
             toolWindows_.showWindow("Form2");

@@ -1,4 +1,6 @@
 #pragma once
+#include <functional>
+
 #include "core/channel_selection.h"
 #include "core/main_frame.h"
 #include "core/score_model.h"
@@ -27,6 +29,9 @@ class MainToolbarCommands {
     /// Index 0 to 14; another number does nothing.
     void Cmd2_Click(int Index);
 
+    /// Opens the menu of button 3, 8 or 12; set by the engine.
+    std::function<void(int button)> openMenu;
+
     // The commands that keys reach too.
     void openScore() { Cmd2_Click(1); }
     void saveScore() { Cmd2_Click(2); }
@@ -38,6 +43,9 @@ class MainToolbarCommands {
     /// Whether a playback begins anew at its end; told in the status text.
     void toggleLoop();
 
+    /// Hides the open tool windows, or shows them again.
+    void setToolWindows(bool shown);
+
     void listNames(NameTables& tables);
 
     static constexpr int buttons = 15;
@@ -45,9 +53,11 @@ class MainToolbarCommands {
     static const char* tip(int index);
 
  private:
+    void menu(int button) const {
+        if (openMenu) openMenu(button);
+    }
     /// Runs a file command with the open tool windows out of its dialog's way.
     void aroundDialog(void (ScoreFiles::*command)());
-    void setToolWindows(bool shown);
 
     Studio& studio_;
     ToolWindows& toolWindows_;

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
 
@@ -58,6 +59,7 @@ form1::~form1() = default;
 void form1::attach(Engine& engine) {
     engine_ = &engine;
     useSettings(engine.settings);
+    setHelp([&engine] { engine.menus.Cmdhelp_Click(); });
     toolbar_->attach(engine);
     Picmain_->attach(engine);
     Beatbox_->mouse = mouseHandlers(engine.tableau, &TableauEntry::Beatbox_MouseDown,
@@ -171,6 +173,11 @@ void form1::closeEvent(QCloseEvent* event) {
     if (unloaded_ || engine_ == nullptr) return;
     unloaded_ = true;
     engine_->startUp.Form_Unload();
+}
+
+void form1::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton && engine_ != nullptr) return engine_->menus.openProgramMenu();
+    FramedWindow::mousePressEvent(event);
 }
 
 bool form1::event(QEvent* event) {

@@ -69,6 +69,7 @@ class form1 : public FramedWindow, public Surfaces, public MainFrame {
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
  private:
     void layOut();

@@ -34,6 +34,7 @@ QuickComposePanel::QuickComposePanel(Studio& studio, QWidget* parent) : QWidget(
     // The design disables the panel during a playback; the channel labels stay in use.
     readout->setObjectName("Picture11");
     auto& area = studio.form1.Picture11;
+    area.setTip("Right click for menu");
     bindShown(*readout, area, [&area, effects, this] {
         for (QWidget* const panel : std::array<QWidget*, 4>{chord_, sliders_, effects, instrument_}) {
             panel->setEnabled(area.enabled());

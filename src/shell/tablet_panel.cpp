@@ -52,6 +52,7 @@ TabletPanel::TabletPanel(Studio& studio, QWidget* parent)
       Pic3_(new PolyStripView(studio, this)) {
     setObjectName("Picmain");
     auto& model = studio.form1;
+    model.Picmain.setTip("Right click for menu");
     bindState(*this, model.Picmain);
     bindState(*PicX_, model.PicX);
     bindState(*MusicBox_, model.MusicBox);

@@ -33,6 +33,12 @@ bool FloatingWindows::showWindow(const char* name) {
     return false;
 }
 
+void FloatingWindows::unloadWindow(const char* name) {
+    for (auto& entry : entries_) {
+        if (entry.name == name && entry.window) entry.window->close();
+    }
+}
+
 void FloatingWindows::unloadAll() {
     for (auto& entry : entries_) {
         if (entry.window) entry.window->close();

@@ -20,6 +20,7 @@ class FloatingWindows : public ToolWindows {
     void setShown(Window window, bool shown) override;
     void setEnabled(Window window, bool enabled) override;
     bool showWindow(const char* name) override;
+    void unloadWindow(const char* name) override;
     void unloadAll() override;
 
  private:

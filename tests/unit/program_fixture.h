@@ -104,6 +104,7 @@ class RecordingToolWindows final : public ToolWindows {
         calls.push_back(std::string("load ") + name);
         return false;
     }
+    void unloadWindow(const char* name) override { calls.emplace_back(std::string("unload ") + name); }
     void unloadAll() override { calls.emplace_back("unloadAll"); }
 };
 

@@ -25,6 +25,7 @@ class NullToolWindows final : public ToolWindows {
     void setShown(Window, bool) override {}
     void setEnabled(Window, bool) override {}
     bool showWindow(const char*) override { return false; }
+    void unloadWindow(const char*) override {}
     void unloadAll() override {}
 };
 

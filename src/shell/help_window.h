@@ -1,0 +1,26 @@
+#pragma once
+#include "ui/framed_window.h"
+
+class QListWidget;
+class QTextBrowser;
+
+namespace melvane {
+
+/// The help: a list of topics, and the one that is read.
+class HelpWindow : public FramedWindow {
+    Q_OBJECT
+
+ public:
+    HelpWindow(Studio& studio, QWidget* parent);
+    /// By its file's name, such as "20-notes.md"; nothing when there is no such topic.
+    void showTopic(const QString& file);
+
+ protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    QListWidget* topics_;
+    QTextBrowser* page_;
+};
+
+}  // namespace melvane

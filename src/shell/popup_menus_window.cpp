@@ -1,0 +1,71 @@
+#include "shell/popup_menus_window.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QMenu>
+
+namespace melvane {
+
+Frmmenu::Frmmenu(Studio& studio, PopupMenus& menus, QWidget* owner)
+    : QWidget(nullptr), studio_(studio), menus_(menus), owner_(owner) {
+    setObjectName("Frmmenu");
+    menus.view = this;
+}
+
+void Frmmenu::setVisible(bool visible) {
+    if (visible && !isLoaded()) menus_.Form_Load();
+}
+
+void Frmmenu::closeEvent(QCloseEvent* event) {
+    event->accept();
+    menus_.Form_Unload();
+}
+
+void Frmmenu::addEntries(QMenu& menu, std::span<const PopupEntry> entries) {
+    for (const auto& entry : entries) {
+        if (*entry.caption == 0) {
+            menu.addSeparator();
+        } else if (!entry.inner.empty()) {
+            addEntries(*menu.addMenu(entry.caption), entry.inner);
+        } else {
+            QAction* const action = menu.addAction(entry.caption);
+            action->setObjectName(entry.name);
+            if (entry.mark != nullptr) {
+                action->setCheckable(true);
+                action->setChecked((studio_.Frmmenu.*entry.mark).ticked());
+            }
+            if (entry.chosen == nullptr) continue;
+            // The menu goes first: what was chosen may take its time.
+            connect(action, &QAction::triggered, this, [this, chosen = entry.chosen] { (menus_.*chosen)(); });
+        }
+    }
+}
+
+QPoint Frmmenu::place() const {
+    const auto* const button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+    if (button != nullptr && !button->window()->geometry().contains(QCursor::pos())) {
+        return button->mapToGlobal(QPoint(0, button->height()));
+    }
+    return QCursor::pos();
+}
+
+void Frmmenu::show(const Popup& popup, std::function<void()> closed) {
+    auto* const menu = new QMenu(owner_);
+    menu->setObjectName(popup.name);
+    addEntries(*menu, popup.entries);
+    // The entry's own work is done right after the menu has gone; what follows the menu comes behind it.
+    connect(menu, &QMenu::aboutToHide, this, [this, menu, closed] {
+        QMetaObject::invokeMethod(
+            this,
+            [menu, closed] {
+                menu->deleteLater();
+                if (closed) closed();
+            },
+            Qt::QueuedConnection);
+    });
+    menu->popup(place());
+}
+
+}  // namespace melvane
