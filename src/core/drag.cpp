@@ -34,4 +34,9 @@ void takeReleaseColumn(Studio& studio, double X) {
     drag.DragColumn = std::max(std::min(drag.DragColumn, studio.page.PageColumns), drag.DragStartColumn);
 }
 
+void openMenuOrGoOn(const OpenMenu& open, std::function<void()> closed) {
+    if (open) return open(std::move(closed));
+    if (closed) closed();
+}
+
 }  // namespace melvane

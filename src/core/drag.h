@@ -1,4 +1,6 @@
 #pragma once
+#include <functional>
+
 #include "core/studio.h"
 
 /// What drawing on the tablet and on the tableau have in common.
@@ -17,6 +19,12 @@ inline constexpr int erase = 0, menu = 1, chord = 2;
 }
 
 inline constexpr int fullVelocity = 127;
+
+/// Opens the right-button menu and returns; `closed` runs once the menu and what was chosen in it are done.
+using OpenMenu = std::function<void(std::function<void()> closed)>;
+
+/// Without a menu it is closed at once.
+void openMenuOrGoOn(const OpenMenu& open, std::function<void()> closed);
 inline constexpr int rightMargin = 24;  ///< pixels; a drag in it scrolls
 
 /// The column of the page in which X lies, in pixels from its left edge; far outside, the nearest million

@@ -68,8 +68,9 @@ void NoteEntry::pressTool(int button) {
     if (button == mouse::left) {
         selects ? selecting.pressOnTablet() : selecting.placeOnTablet();
     } else if (button == mouse::right) {
-        menu();
-        if (selects) selecting.clearOnTablet();
+        menu([&selecting, selects] {
+            if (selects) selecting.clearOnTablet();
+        });
     }
 }
 

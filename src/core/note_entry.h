@@ -3,6 +3,7 @@
 
 #include "core/chords.h"
 #include "core/column_audition.h"
+#include "core/drag.h"
 #include "core/instrument_choice.h"
 #include "core/note_selector.h"
 #include "core/selection_gestures.h"
@@ -34,7 +35,7 @@ class NoteEntry {
     void MusicBox_MouseUp(int button, int shift, double X, double Y);
 
     /// Opens the tablet's popup menu; set by the shell.
-    std::function<void()> openMenu;
+    OpenMenu openMenu;
 
     void listNames(NameTables& tables);
 
@@ -56,9 +57,7 @@ class NoteEntry {
     void releaseInDrawMode(int button, double X, double Y);
     void markTestedNote(double X);
     void finishNote(double X, double Y);
-    void menu() const {
-        if (openMenu) openMenu();
-    }
+    void menu(std::function<void()> closed = {}) const { openMenuOrGoOn(openMenu, std::move(closed)); }
 
     int column() const { return studio_.page.FirstColumn + studio_.drag.DragColumn; }
     int track() const { return studio_.tracks.CurrentTrack; }

@@ -67,7 +67,7 @@ bool TableauEntry::takeInstrument() {
 /// The chord mode of the right button has no meaning here: it erases as well.
 void TableauEntry::pressRight() {
     if (studio_.selection.RightClickMode == right_click::menu) {
-        if (openMenu) openMenu();
+        openMenuOrGoOn(openMenu, {});
     } else if (!cell::isEmpty(studio_.score.noteCell(track(), column()))) {
         eraseBeat(column());
     }

@@ -3,6 +3,7 @@
 
 #include "core/channel_selection.h"
 #include "core/column_audition.h"
+#include "core/drag.h"
 #include "core/instrument_choice.h"
 #include "core/selection_gestures.h"
 #include "core/sounder.h"
@@ -34,7 +35,7 @@ class TableauEntry {
     void Beatbox_MouseUp(int button, int shift, double X, double Y);
 
     /// Opens the tablet's popup menu; set by the shell.
-    std::function<void()> openMenu;
+    OpenMenu openMenu;
 
     void listNames(NameTables& tables);
 

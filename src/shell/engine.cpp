@@ -44,6 +44,9 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
 }
 
 void Engine::connectControls() {
+    entry.openMenu = [this](auto closed) { menus.openTabletMenu(std::move(closed)); };
+    tableau.openMenu = entry.openMenu;
+    toolbar.openMenu = [this](int button) { menus.openToolbarMenu(button); };
     auto& main = studio.form1;
     main.HScroll1.acted = [this] { page.HScroll1_Change(); };
     main.VScroll1.acted = [this] { page.VScroll1_Change(); };
@@ -105,6 +108,7 @@ void Engine::listNames() {
     files.listNames(tables);
     startUp.listNames(tables);
     toolbar.listNames(tables);
+    menus.listNames(tables);
 }
 
 }  // namespace melvane

@@ -104,7 +104,7 @@ TEST_F(NoteEntryTest, DraggingTheRightButtonErasesAllThatItPasses) {
 
 TEST_F(NoteEntryTest, TheMenuModeErasesNothingAndOpensOnce) {
     int menus = 0;
-    engine.entry.openMenu = [&] { ++menus; };
+    engine.entry.openMenu = [&](auto) { ++menus; };
     studio.selection.RightClickMode = 1;
     draw(2, 3, 3);
     press(2, 3, right);

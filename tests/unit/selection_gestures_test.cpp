@@ -115,7 +115,10 @@ TEST_F(SelectionGesturesTest, TheRightButtonOpensTheMenuBeforeItClears) {
     drag(4, 9);
     taken();
     State during;
-    engine.entry.openMenu = [&] { during = state(); };
+    engine.entry.openMenu = [&](auto closed) {
+        during = state();
+        closed();
+    };
     press(6, right);
     EXPECT_EQ(during, (State{4, 9, 4})) << "the menu's entries work on the selection";
     EXPECT_EQ(state(), (State{-1, -1, 0}));
@@ -125,7 +128,7 @@ TEST_F(SelectionGesturesTest, TheRightButtonOpensTheMenuBeforeItClears) {
 TEST_F(SelectionGesturesTest, TheRightButtonOnTheTableauClearsTheSelectionAlone) {
     drag(4, 9);
     int menus = 0;
-    engine.entry.openMenu = engine.tableau.openMenu = [&] { ++menus; };
+    engine.entry.openMenu = engine.tableau.openMenu = [&](auto) { ++menus; };
     taken();
     pressTableau(6, right);
     EXPECT_EQ(state(), (State{-1, -1, 4}));
@@ -156,7 +159,7 @@ TEST_F(SelectionGesturesTest, ThePositionToolKeepsTheSelection) {
     EXPECT_EQ(state(), (State{4, 9, 15}));
     EXPECT_EQ(taken(), Lines{"DrawNoteArray"});
     int menus = 0;
-    engine.entry.openMenu = [&] { ++menus; };
+    engine.entry.openMenu = [&](auto) { ++menus; };
     press(20, right);
     EXPECT_EQ(menus, 1);
     EXPECT_EQ(state(), (State{4, 9, 15}));
