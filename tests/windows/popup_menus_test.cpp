@@ -1,0 +1,139 @@
+#include <QApplication>
+#include <QFile>
+#include <QListWidget>
+#include <QMenu>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QToolButton>
+
+#include "shell/help_window.h"
+#include "shell/popup_menus_window.h"
+#include "windows/main_window_fixture.h"
+
+namespace melvane {
+namespace {
+
+class PopupMenusTest : public test::MainWindowTest {
+ protected:
+    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+    static QAction* entry(const QMenu& menu, const QString& caption) {
+        for (QAction* const action : menu.actions()) {
+            if (action->text() == caption) return action;
+        }
+        return nullptr;
+    }
+    static void choose(const QString& caption) {
+        QMenu* const menu = openMenu();
+        ASSERT_NE(menu, nullptr);
+        QAction* const action = entry(*menu, caption);
+        ASSERT_NE(action, nullptr) << caption.toStdString();
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        QCoreApplication::processEvents();
+    }
+
+    Frmmenu menus{studio, engine.menus, &window};
+};
+
+TEST_F(PopupMenusTest, AToolbarButtonOpensItsMenuAndReturns) {
+    QTest::mouseClick(find<QToolButton>("Cmd2(3)"), Qt::LeftButton);
+    ASSERT_NE(openMenu(), nullptr);
+    EXPECT_EQ(openMenu()->objectName(), "mnupopup5");
+    EXPECT_TRUE(studio.Frmmenu.loaded);
+    EXPECT_TRUE(entry(*openMenu(), "Erase on Right-click")->isChecked());
+    openMenu()->close();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(studio.Frmmenu.loaded);
+}
+
+TEST_F(PopupMenusTest, AClickOnAnEntryRunsItAndChangesTheButtonsPicture) {
+    auto* const button = find<QToolButton>("Cmd2(3)");
+    const QImage before = button->icon().pixmap(24, 24).toImage();
+    QTest::mouseClick(button, Qt::LeftButton);
+    choose("Set Polynotes on Right-Click");
+    EXPECT_EQ(studio.selection.RightClickMode, 2);
+    EXPECT_EQ(button->toolTip(), "Set Polynotes on right-click");
+    EXPECT_NE(button->icon().pixmap(24, 24).toImage(), before);
+    EXPECT_FALSE(studio.Frmmenu.loaded);
+}
+
+TEST_F(PopupMenusTest, ARightPressOnABarePartOpensTheMenuOfTheProgram) {
+    for (const char* const bare : {"toolbMenu", "Picmain", "Picture11"}) {
+        QWidget* const widget = find(bare);
+        EXPECT_EQ(widget->toolTip(), "Right click for menu") << bare;
+        QTest::mousePress(widget, Qt::RightButton, {}, {widget->width() - 2, 1});
+        ASSERT_NE(openMenu(), nullptr) << bare;
+        EXPECT_EQ(openMenu()->objectName(), "mnupopup2");
+        openMenu()->close();
+        QCoreApplication::processEvents();
+    }
+}
+
+TEST_F(PopupMenusTest, TheInterfaceMenuHasTheTwoLooks) {
+    engine.menus.openProgramMenu();
+    ASSERT_NE(openMenu(), nullptr);
+    const QMenu* const looks = entry(*openMenu(), "Interface")->menu();
+    ASSERT_NE(looks, nullptr);
+    EXPECT_FALSE(entry(*looks, "3D stylized")->isChecked());
+    EXPECT_TRUE(entry(*looks, "XP style")->isChecked());
+    entry(*looks, "3D stylized")->trigger();
+    EXPECT_EQ(store.read("XPInterface"), "False");
+    openMenu()->close();
+    QCoreApplication::processEvents();
+}
+
+TEST_F(PopupMenusTest, TheTabletsMenuWorksOnTheSelectionBeforeItGoes) {
+    write(0, 3, 60);
+    engine.tools.FunctionBut_Click(2);
+    studio.selection.SelStart = studio.selection.SelEnd = 3;
+    QTest::mousePress(&tablet(), Qt::RightButton, {}, {200, 40});
+    choose("Copy selection");
+    EXPECT_EQ(studio.clipboard.ClipNoteArray.get(0, 0, -1), 60);
+    EXPECT_EQ(studio.selection.SelStart, -1);
+    EXPECT_EQ(studio.selection.InsertPosition, 0);
+}
+
+class HelpWindowTest : public testing::Test {
+ protected:
+    Studio studio;
+    HelpWindow help{studio, nullptr};
+    QListWidget& topics = *help.findChild<QListWidget*>();
+    QTextBrowser& page = *help.findChild<QTextBrowser*>();
+};
+
+TEST_F(HelpWindowTest, EveryTopicHasAHeadingAndAText) {
+    ASSERT_GE(topics.count(), 8);
+    for (int row = 0; row < topics.count(); ++row) {
+        topics.setCurrentRow(row);
+        const QString heading = topics.item(row)->text();
+        EXPECT_FALSE(heading.isEmpty());
+        EXPECT_TRUE(page.toPlainText().startsWith(heading)) << heading.toStdString();
+        EXPECT_GT(page.toPlainText().size(), 150) << heading.toStdString();
+    }
+}
+
+TEST_F(HelpWindowTest, EveryLinkLeadsToATopic) {
+    int links = 0;
+    for (int row = 0; row < topics.count(); ++row) {
+        topics.setCurrentRow(row);
+        for (QTextBlock block = page.document()->begin(); block.isValid(); block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                const QString target = part.fragment().charFormat().anchorHref();
+                if (target.isEmpty()) continue;
+                ++links;
+                EXPECT_TRUE(QFile::exists(":/help/" + target)) << target.toStdString();
+            }
+        }
+    }
+    EXPECT_GE(links, 4);
+}
+
+TEST_F(HelpWindowTest, ALinkOpensItsTopic) {
+    Q_EMIT page.anchorClicked(QUrl("60-playing.md"));
+    EXPECT_EQ(topics.currentItem()->text(), "Playing");
+    help.showTopic("none.md");
+    EXPECT_EQ(topics.currentItem()->text(), "Playing");
+}
+
+}  // namespace
+}  // namespace melvane
