@@ -13,7 +13,7 @@ namespace melvane {
 namespace {
 
 constexpr QSize usualSize(760, 520);
-constexpr int outerMargin = 12, listWidth = 180;  // pixels
+constexpr int outerMargin = 12, listWidth = 180, pageMargin = 12;  // pixels
 const QString folder = ":/help/";
 
 QString textOf(const QString& file) {
@@ -43,6 +43,7 @@ HelpWindow::HelpWindow(Studio& studio, QWidget* parent)
     topics_->setToolTip("Topics");
     page_->setAccessibleName("Topic");
     page_->setOpenLinks(false);
+    page_->document()->setDocumentMargin(pageMargin);
     for (const QString& file : QDir(folder).entryList({"*.md"}, QDir::Files, QDir::Name)) {
         auto* const item = new QListWidgetItem(headingOf(textOf(file)), topics_);
         item->setData(Qt::UserRole, file);

@@ -177,12 +177,17 @@ void FramedWindow::showEvent(QShowEvent* event) {
     shownOnce_ = true;
 }
 
-/// The Tab key reaches the contents first.
+/// The Tab key reaches the contents first, and the first of them has the focus.
 void FramedWindow::putTitleButtonsLast() {
+    QWidget* first = nullptr;
     QWidget* last = nullptr;
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-        if (!titleBar_->isAncestorOf(widget) && widget != titleBar_) last = widget;
+        if (titleBar_->isAncestorOf(widget) || widget == titleBar_) continue;
+        last = widget;
+        if (first == nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled())
+            first = widget;
     }
+    if (focusWidget() == nullptr && first != nullptr) first->setFocus();
     for (QWidget* const button : titleBar_->buttons()) {
         if (last != nullptr) setTabOrder(last, button);
         last = button;

@@ -35,6 +35,7 @@ QPalette interfacePalette() {
     colours.setColor(QPalette::ButtonText, palette::text);
     colours.setColor(QPalette::Highlight, palette::accent);
     colours.setColor(QPalette::HighlightedText, Qt::white);
+    colours.setColor(QPalette::Link, palette::accent);
     colours.setColor(QPalette::ToolTipBase, palette::field);
     colours.setColor(QPalette::ToolTipText, palette::text);
     colours.setColor(QPalette::PlaceholderText, palette::secondaryText);
