@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "platform/text.h"
+#include "shell/note_test_window.h"
 
 namespace melvane {
 
@@ -15,6 +16,17 @@ Program::Program(Outside& outside)
     window_.attach(engine_);
     engine_.menus.showHelp = [this] { showHelp(); };
     picker_.useSettings(engine_.settings);
+    listWindows();
+}
+
+void Program::listWindows() {
+    toolWindows_.list({}, "FrmInst", [this] { return &picker_; });
+    toolWindows_.list({}, "Frmmenu", [this] { return &menus_; });
+    toolWindows_.list({}, "Form5", [this] {
+        auto* const panel = new Form5(studio_, engine_.noteTest, &window_);
+        panel->useSettings(engine_.settings);
+        return panel;
+    });
 }
 
 void Program::showHelp() {

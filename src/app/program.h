@@ -34,6 +34,8 @@ class Program {
     FloatingWindows& toolWindows() { return toolWindows_; }
 
  private:
+    void listWindows();
+
     Outside& outside_;
     Studio studio_;
     FloatingWindows toolWindows_;

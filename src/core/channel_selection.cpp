@@ -2,6 +2,7 @@
 
 #include "core/names.h"
 #include "core/setup_channel.h"
+#include "core/tested_note.h"
 
 namespace melvane {
 
@@ -42,6 +43,7 @@ void ChannelSelection::Label8_Click(int index) {
     if (!isMelodyTrack(studio_.tracks.CurrentTrack)) main.Beatbox.setVisible(true);
     surfaces_.DrawNoteArray();
     if (studio_.score.UsedTrackCount > 7) surfaces_.DrawBeatArray();
+    showTestedNote(studio_);
 }
 
 void ChannelSelection::Label8_MouseMove(int index, int, int, double, double) {

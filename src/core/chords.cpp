@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/names.h"
+#include "core/tested_note.h"
 
 namespace melvane {
 
@@ -129,6 +130,7 @@ void Chords::Pic3_MouseUp(int, int, double X, double) {
     GetNoteLength(x);
     DrawPolynote(x);
     surfaces_.DrawNoteArray();
+    showTestedNote(studio_);
 }
 
 void Chords::Pic3_GotFocus() { surfaces_.DrawNoteArray(); }

@@ -59,12 +59,23 @@ struct EditingControls {
     CheckControl Check2{true};  ///< "Melody"
 };
 
-/// The note test panel, as far as the main window asks it.
+/// The note test panel: a view of the note under inspection, with a chord list and a volume of its own.
+/// `window` is shown while it is open.
 struct TestPanelControls {
+    TestPanelControls() { window.setVisible(false); }
     bool loaded = false;
-    bool visible = false;
-    ListControl Combo3;
-    TextControl Text5;
+    AreaControl window;
+    TextControl Text5, LblNote, LblNoteName, LblTrk;
+    TextControl LblMod, LblPan, LblReverb, LblChorus;  ///< the note's effects, the pan from -64 up
+    TextControl vol3{"127"};
+    SliderControl lblVolume{vol3, {0, 127, 127}};
+    ListControl Combo3;                          ///< chords, index 0 "Single Note"
+    CheckControl CmdInst;                        ///< "Change instrument"
+    CheckControl Check4;                         ///< "Test": the same switch as the main window's
+    AreaControl Pic2, Picture4, Picture10, Pt1;  ///< the grounds
+    AreaControl Pic2a, Pic3;                     ///< the strips, whose columns begin at firstColumn
+    int firstColumn = 0;                         ///< of the score
+    std::function<void()> noteChanged;           ///< set by the window: the strips are to be painted anew
 };
 
 /// The marks of the popup menus.

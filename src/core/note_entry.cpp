@@ -7,6 +7,7 @@
 #include "core/names.h"
 #include "core/note_writer.h"
 #include "core/setup_channel.h"
+#include "core/tested_note.h"
 
 namespace melvane {
 
@@ -58,7 +59,10 @@ void NoteEntry::pressInDrawMode(int button) {
     selection.SelStart = selection.SelEnd = -1;
     selection.InsertPosition = 0;
     if (button == mouse::left) startNote();
-    if (button == mouse::right) pressRight();
+    if (button == mouse::right) {
+        pressRight();
+        showTestedNote(studio_);
+    }
 }
 
 /// The menu leaves the selection to the position tool, and takes it from the selecting one.
@@ -274,7 +278,7 @@ void NoteEntry::finishNote(double X, double Y) {
     parts_.sounder.reset();
     if (written) cutNoteBehind(studio_, first + drag.DragColumn);
     parts_.surfaces.DrawNoteArray();
-    if (studio_.Form5.visible) markTestedNote(X);
+    if (studio_.Form5.window.visible()) markTestedNote(X);
     if (studio_.score.UsedTrackCount > 7) parts_.surfaces.DrawBeatArray();
     parts_.selector.Pic2a_MouseDown(mouse::left, 0, X, Y);
 }

@@ -3,6 +3,7 @@
 #include "core/instrument_names.h"
 #include "core/names.h"
 #include "core/note_writer.h"
+#include "core/tested_note.h"
 
 namespace melvane {
 
@@ -36,6 +37,7 @@ void NoteSelector::Pic2a_MouseDown(int button, int, double X, double) {
     else if ((button & rightButton) != 0)
         write(column);
     showEffects(column);
+    showTestedNote(studio_);
 }
 
 void NoteSelector::Pic2a_MouseMove(int button, int shift, double X, double Y) {

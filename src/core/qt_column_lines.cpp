@@ -8,8 +8,8 @@ void paintColumnGrid(PixelPainter& pixels, int width, int height) {
     }
 }
 
-void paintBarLines(PixelPainter& pixels, const Studio& studio, int width, int height) {
-    forEachBar(studio, width,
+void paintBarLines(PixelPainter& pixels, const Score& score, int firstColumn, int width, int height) {
+    forEachBar(score, firstColumn, width,
                [&](int x) { pixels.verticalLine(x, 0, height - 1, surface_colours::barLine); });
 }
 

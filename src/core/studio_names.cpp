@@ -257,6 +257,29 @@ void listSetup(ControlTable& table, SetupControls& Form3) {
     table.add("Form3", "Combo3", Form3.Combo3);
 }
 
+void listTestPanel(ControlTable& table, TestPanelControls& Form5) {
+    table.add("Form5", "Text5", Form5.Text5);
+    table.add("Form5", "LblNote", Form5.LblNote);
+    table.add("Form5", "LblNoteName", Form5.LblNoteName);
+    table.add("Form5", "LblTrk", Form5.LblTrk);
+    table.add("Form5", "LblMod", Form5.LblMod);
+    table.add("Form5", "LblPan", Form5.LblPan);
+    table.add("Form5", "LblReverb", Form5.LblReverb);
+    table.add("Form5", "LblChorus", Form5.LblChorus);
+    table.add("Form5", "vol3", Form5.vol3);
+    table.add("Form5", "lblVolume", Form5.lblVolume);
+    table.add("Form5", "lblVolumePtr", Form5.lblVolume.pointer);
+    table.add("Form5", "Combo3", Form5.Combo3);
+    table.add("Form5", "CmdInst", Form5.CmdInst);
+    table.add("Form5", "Check4", Form5.Check4);
+    table.add("Form5", "Pic2", Form5.Pic2);
+    table.add("Form5", "Pic2a", Form5.Pic2a);
+    table.add("Form5", "Pic3", Form5.Pic3);
+    table.add("Form5", "Picture4", Form5.Picture4);
+    table.add("Form5", "Picture10", Form5.Picture10);
+    table.add("Form5", "Pt1", Form5.Pt1);
+}
+
 }  // namespace
 
 void listStudio(NameTables& tables, Studio& studio) {
@@ -274,8 +297,7 @@ void listStudio(NameTables& tables, Studio& studio) {
     listMain(tables.controls, studio.form1);
     listEditing(tables.controls, studio.Form2);
     listSetup(tables.controls, studio.Form3);
-    tables.controls.add("Form5", "Combo3", studio.Form5.Combo3);
-    tables.controls.add("Form5", "Text5", studio.Form5.Text5);
+    listTestPanel(tables.controls, studio.Form5);
     tables.controls.add("FrmInst", "LstInstruments", studio.FrmInst.LstInstruments);
     tables.controls.add("FrmInst", "LstInstruments2", studio.FrmInst.LstInstruments2);
 }

@@ -22,6 +22,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       noteInstrument(studio, picker, output, instruments, outside.dialogs),
       audition(studio, sounding),
       selector(studio, surfaces, chords),
+      noteTest(studio, {toolWindows, chords, selector, picker, noteInstrument}),
       selecting(studio, surfaces, outside.loop),
       entry(studio, {surfaces, sounding, instruments, audition, selector, selecting, outside.loop}),
       tableau(studio, {surfaces, sounding, instruments, channels, audition, selecting}),
@@ -96,6 +97,7 @@ void Engine::listNames() {
     noteInstrument.listNames(tables);
     audition.listNames(tables);
     selector.listNames(tables);
+    noteTest.listNames(tables);
     entry.listNames(tables);
     tableau.listNames(tables);
     tools.listNames(tables);

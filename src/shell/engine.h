@@ -26,6 +26,7 @@
 #include "platform/outside.h"
 #include "shell/instrument_picker.h"
 #include "shell/main_toolbar_commands.h"
+#include "shell/note_test.h"
 #include "shell/popup_menus.h"
 #include "shell/start_up.h"
 
@@ -54,6 +55,7 @@ class Engine {
     NoteInstrument noteInstrument;
     ColumnAudition audition;
     NoteSelector selector;
+    NoteTest noteTest;
     SelectionGestures selecting;
     NoteEntry entry;
     TableauEntry tableau;

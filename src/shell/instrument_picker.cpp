@@ -64,13 +64,21 @@ void InstrumentPicker::LstInstruments2_DblClick() {
 
 void InstrumentPicker::CmdCancel_Click() {
     studio_.instruments.MelodyInstrumentName.clear();
-    studio_.FrmInst.loaded = false;
+    Form_Unload();
+}
+
+void InstrumentPicker::Form_Unload() {
+    auto& picker = studio_.FrmInst;
+    picker.loaded = false;
+    picker.LstInstruments.fill({});
+    picker.LstInstruments2.fill({});
     hide();
 }
 
 void InstrumentPicker::listNames(NameTables& tables) {
     auto& operations = tables.operations;
     operations.add("FrmInst", "Form_Load", this, &InstrumentPicker::Form_Load);
+    operations.add("FrmInst", "Form_Unload", this, &InstrumentPicker::Form_Unload);
     operations.add("FrmInst", "CmdOk_Click", this, &InstrumentPicker::CmdOk_Click);
     operations.add("FrmInst", "LstInstruments_DblClick", this, &InstrumentPicker::CmdOk_Click);
     operations.add("FrmInst", "LstInstruments2_DblClick", this, &InstrumentPicker::LstInstruments2_DblClick);

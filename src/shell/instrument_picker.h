@@ -20,12 +20,14 @@ class InstrumentPicker final : public Picker {
 
     /// Fills both lists and selects the instruments in hand.
     void Form_Load();
+    /// Empties both lists; what was picked stays.
+    void Form_Unload();
     /// Takes the selected melody instrument, for one note while PickingNoteInstrument; also by a double click
     /// on it.
     void CmdOk_Click();
     /// Takes the selected percussion instrument: there is no OK for that list.
     void LstInstruments2_DblClick();
-    /// Empties MelodyInstrumentName, which the callers take to mean that nothing was chosen.
+    /// Unloads with MelodyInstrumentName emptied, which the callers take to mean that nothing was chosen.
     void CmdCancel_Click();
 
     void listNames(NameTables& tables);

@@ -25,6 +25,7 @@ void showList(QListWidget& widget, const ListControl& list) {
         for (const auto& item : list.items()) widget.addItem(QString::fromStdString(item));
     }
     widget.setCurrentRow(list.index());
+    if (list.index() < 0) widget.clearSelection();
 }
 
 QPushButton* makeButton(const char* name, const QString& text, const QString& tip, QWidget* parent) {
@@ -74,7 +75,11 @@ QListWidget* FrmInst::makeList(const char* name, const char* title, ListControl&
     widget->setAccessibleName(title);
     widget->setToolTip(title);
     list.changed = [widget, &list] { showList(*widget, list); };
-    connect(widget, &QListWidget::currentRowChanged, this, [&list](int row) { list.set(row); });
+    // Not the current row: a list that gets the focus has one without a choice.
+    connect(widget, &QListWidget::itemSelectionChanged, this, [widget, &list] {
+        const auto chosen = widget->selectedItems();
+        list.set(chosen.isEmpty() ? -1 : widget->row(chosen.front()));
+    });
     return widget;
 }
 
@@ -93,9 +98,17 @@ void FrmInst::centre() {
     move(room.center() - rect().center());
 }
 
+void FrmInst::showEvent(QShowEvent* event) {
+    FramedWindow::showEvent(event);
+    if (event->spontaneous()) return;
+    if (!studio_.FrmInst.loaded) picker_.Form_Load();
+    studio_.FrmInst.window.setVisible(true);
+}
+
 void FrmInst::closeEvent(QCloseEvent* event) {
     event->accept();
     if (studio_.FrmInst.window.visible()) picker_.CmdCancel_Click();
+    if (studio_.FrmInst.loaded) picker_.Form_Unload();
 }
 
 void FrmInst::keyPressEvent(QKeyEvent* event) {

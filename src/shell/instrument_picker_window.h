@@ -12,11 +12,15 @@ class InstrumentPicker;
 /// studio.FrmInst says so, in front of all other windows.
 class FrmInst : public FramedWindow {
     Q_OBJECT
+    Q_PROPERTY(bool loaded READ loaded)
 
  public:
     FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent);
+    bool loaded() const { return studio_.FrmInst.loaded; }
 
  protected:
+    /// Shown by another than the engine, it is loaded without a wait for its end.
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -5,49 +5,21 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
-#include <functional>
+#include <QToolButton>
 #include <string>
 #include <vector>
 
 #include "core/instrument_names.h"
-#include "core/qt_pixels.h"
 #include "shell/engine.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_elided_label.h"
-#include "ui/qt_style.h"
+#include "ui/qt_icons.h"
+#include "ui/qt_panel_parts.h"
 
 namespace melvane {
 
 namespace {
-
-QGridLayout* makeGrid(QFrame& panel) {
-    panel.setProperty("panel", true);
-    auto* const grid = new QGridLayout(&panel);
-    grid->setContentsMargins(12, 12, 12, 12);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
-    return grid;
-}
-
-QLabel* makeCaption(const char* text, QWidget* parent) {
-    auto* const caption = new QLabel(text, parent);
-    caption->setProperty("secondary", true);
-    return caption;
-}
-
-ElidedLabel* makeReadout(const char* name, const char* tip, TextControl& text, int width, QWidget* parent) {
-    auto* const readout = new ElidedLabel(parent);
-    readout->setObjectName(name);
-    readout->setToolTip(tip);
-    readout->setAccessibleName(tip);
-    readout->setProperty("readout", true);
-    readout->setFixedHeight(24);
-    readout->setMinimumWidth(width);
-    bind(*readout, text);
-    return readout;
-}
 
 /// The widest of `texts`, for a label to have room for.
 template <class Texts>
@@ -60,53 +32,24 @@ QString widest(const QFontMetrics& metrics, const Texts& texts) {
     return found;
 }
 
-/// Text5: opens the instrument picker at a double click.
-class InstrumentField : public QLineEdit {
- public:
-    using QLineEdit::QLineEdit;
-    std::function<void()> doubleClicked;
-
- protected:
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        if (doubleClicked) doubleClicked();
-    }
-};
-
-/// LblTrk: the number of the current channel on the channel's colour.
-class ChannelBox : public QLabel {
- public:
-    ChannelBox(TextControl& track, QWidget* parent) : QLabel(parent), track_(track) {
-        setObjectName("LblTrk");
-        setToolTip("Current channel");
-        setAccessibleName("Current channel");
-        setFixedSize(32, 24);
-        bindShown(*this, track, [this] {
-            setText(QString::fromStdString(track_.text()));
-            update();
-        });
-    }
-
- protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QColor ground = toQt(track_.backColour());
-        painter.setPen(QPen(palette::secondaryText, 1));
-        painter.setBrush(ground);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-        painter.setPen(readableOn(ground));
-        painter.drawText(rect(), Qt::AlignCenter, text());
-    }
-
- private:
-    const TextControl& track_;
-};
+QToolButton* makeOpener(const char* name, const char* iconName, const char* tip, QWidget* parent) {
+    auto* const button = new QToolButton(parent);
+    button->setObjectName(name);
+    button->setIcon(icon(iconName));
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setAutoRaise(true);
+    button->setFixedSize(24, 24);
+    button->setIconSize({18, 18});
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
 
 }  // namespace
 
 NoteReadoutPanel::NoteReadoutPanel(Studio& studio, QWidget* parent) : QFrame(parent) {
     auto& model = studio.form1;
-    QGridLayout& grid = *makeGrid(*this);
+    QGridLayout& grid = *makePanelGrid(*this);
     grid.addWidget(makeCaption("Channel", this), 0, 0);
     grid.addWidget(new ChannelBox(model.LblTrk, this), 0, 1);
     grid.addWidget(makeCaption("Note", this), 0, 2);
@@ -123,7 +66,7 @@ NoteReadoutPanel::NoteReadoutPanel(Studio& studio, QWidget* parent) : QFrame(par
 }
 
 ChordPanel::ChordPanel(Studio& studio, QWidget* parent) : QFrame(parent) {
-    QGridLayout& grid = *makeGrid(*this);
+    QGridLayout& grid = *makePanelGrid(*this);
     auto* const list = new QComboBox(this);
     list->setObjectName("Combo3");
     list->setToolTip("Chord Selector");
@@ -147,14 +90,10 @@ void ChordPanel::attach(Engine& engine) {
 
 NoteInstrumentPanel::NoteInstrumentPanel(Studio& studio, QWidget* parent) : QFrame(parent) {
     auto& model = studio.form1;
-    QGridLayout& grid = *makeGrid(*this);
-    auto* const instrument = new InstrumentField(this);
-    instrument->setObjectName("Text5");
+    QGridLayout& grid = *makePanelGrid(*this);
+    auto* const instrument = new InstrumentField(model.Text5, this);
     instrument->setToolTip("Instrument Selector");
     instrument->setAccessibleName("Instrument Selector");
-    instrument->setReadOnly(true);
-    instrument->setMinimumWidth(120);
-    bind(*instrument, model.Text5);
     auto* const change = new QPushButton("Change", this);
     change->setObjectName("CmdInst");
     change->setToolTip("Change instrument");
@@ -175,7 +114,12 @@ NoteInstrumentPanel::NoteInstrumentPanel(Studio& studio, QWidget* parent) : QFra
     grid.addWidget(instrument, 0, 1);
     grid.addWidget(change, 0, 2);
     grid.addWidget(effects, 1, 0);
-    grid.addWidget(test, 1, 1);
+    auto* const testRow = new QHBoxLayout;
+    testRow->setSpacing(4);
+    testRow->addWidget(test);
+    testRow->addWidget(makeOpener("CmdTest", "note_test", "Open the note test panel", this));
+    testRow->addStretch();
+    grid.addLayout(testRow, 1, 1);
     grid.addWidget(undo, 1, 2);
     grid.setColumnStretch(1, 1);
 }
@@ -186,6 +130,8 @@ void NoteInstrumentPanel::attach(Engine& engine) {
     const auto pick = [&engine] { engine.noteInstrument.Text5_DblClick(); };
     connect(findChild<QPushButton*>("CmdInst"), &QPushButton::clicked, this, pick);
     static_cast<InstrumentField*>(findChild<QLineEdit*>("Text5"))->doubleClicked = pick;
+    connect(findChild<QToolButton*>("CmdTest"), &QToolButton::clicked, this,
+            [&engine] { engine.noteTest.open(); });
     connect(undo, &QPushButton::clicked, this, [&engine] { engine.score.ClearEffects(); });
 }
 

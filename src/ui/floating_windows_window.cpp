@@ -4,7 +4,7 @@
 
 namespace melvane {
 
-void FloatingWindows::list(Window kind, std::string name, Make make) {
+void FloatingWindows::list(std::optional<Window> kind, std::string name, Make make) {
     entries_.push_back({kind, std::move(name), std::move(make), nullptr});
 }
 

@@ -2,6 +2,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,9 @@ namespace melvane {
 class FloatingWindows : public ToolWindows {
  public:
     using Make = std::function<QWidget*()>;
-    /// `name` is the window's given name; `kind` how the player and the dialogs know it.
-    void list(Window kind, std::string name, Make make);
+    /// `name` is the window's given name; `kind` how the player and the dialogs know it, if
+    /// they do.
+    void list(std::optional<Window> kind, std::string name, Make make);
 
     void setShown(Window window, bool shown) override;
     void setEnabled(Window window, bool enabled) override;
@@ -25,7 +27,7 @@ class FloatingWindows : public ToolWindows {
 
  private:
     struct Entry {
-        Window kind;
+        std::optional<Window> kind;
         std::string name;
         Make make;
         QPointer<QWidget> window;

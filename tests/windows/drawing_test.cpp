@@ -170,7 +170,7 @@ TEST_F(DrawingTest, ANoteUnderTestIsMarkedInYellow) {
 }
 
 TEST_F(DrawingTest, TheMarkOfANoteUnderTestGoesFromThePressToTheRelease) {
-    studio.Form5.visible = true;
+    studio.Form5.window.setVisible(true);
     press(tablet(), cellMiddle(10, top + 3));
     drag(tablet(), cellMiddle(14, top + 60));
     release(tablet(), cellMiddle(14, top + 60));
@@ -182,7 +182,7 @@ TEST_F(DrawingTest, TheMarkOfANoteUnderTestGoesFromThePressToTheRelease) {
 }
 
 TEST_F(DrawingTest, ADragToTheLeftIsMarkedToo) {
-    studio.Form5.visible = true;
+    studio.Form5.window.setVisible(true);
     press(tablet(), cellMiddle(10, top + 3));
     drag(tablet(), cellMiddle(6, top + 3));
     release(tablet(), cellMiddle(6, top + 3));

@@ -84,8 +84,10 @@ std::optional<Value> readControl(Bench& bench, const ControlPath& control) {
 
 PutResult putControl(Bench& bench, const ControlPath& control, const Value& value) {
     if (const PutResult put = bench.host.putControl(control, value); put != PutResult::noControl) return put;
-    if (const PutResult put = putModel(bench, control, value); put != PutResult::noControl) return put;
-    return loadFor(bench, control) ? bench.host.putControl(control, value) : PutResult::noControl;
+    const PutResult put = putModel(bench, control, value);
+    if (put == PutResult::done) return put;
+    // What a window fills when it is loaded takes a value only then.
+    return loadFor(bench, control) ? bench.host.putControl(control, value) : put;
 }
 
 }  // namespace melvane::drive

@@ -34,12 +34,19 @@ QWidget* findNamed(const QWidget& window, const QString& name) {
 Value whole(long long number) { return number; }
 Value text(const QString& shown) { return shown.toStdString(); }
 
+/// A list that gets the focus has a current row without a choice.
+int chosenRow(const QListWidget& list) {
+    if (list.selectionMode() == QAbstractItemView::NoSelection) return list.currentRow();
+    const auto chosen = list.selectedItems();
+    return chosen.isEmpty() ? -1 : list.row(chosen.front());
+}
+
 std::optional<Value> shownBy(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) return text(label->text());
     if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) return text(field->text());
     if (const auto* page = qobject_cast<const QPlainTextEdit*>(&widget)) return text(page->toPlainText());
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return whole(combo->currentIndex());
-    if (const auto* list = qobject_cast<const QListWidget*>(&widget)) return whole(list->currentRow());
+    if (const auto* list = qobject_cast<const QListWidget*>(&widget)) return whole(chosenRow(*list));
     if (const auto* slider = qobject_cast<const QAbstractSlider*>(&widget)) return whole(slider->value());
     if (const auto* bar = qobject_cast<const QProgressBar*>(&widget)) return whole(bar->value());
     if (const auto* spin = qobject_cast<const QSpinBox*>(&widget)) return whole(spin->value());

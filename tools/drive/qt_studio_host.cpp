@@ -89,10 +89,16 @@ bool StudioHost::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
+/// A window that outlives its being loaded tells it by a property.
+bool StudioHost::isOpen(const QWidget& window) const {
+    const QVariant loaded = window.property("loaded");
+    return loaded.isValid() ? loaded.toBool() : window.isVisible() || !closed_.contains(&window);
+}
+
 QWidget* StudioHost::find(std::string_view window) const {
     const QString name = QString::fromStdString(givenName(window));
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == name && (widget->isVisible() || !closed_.contains(widget))) return widget;
+        if (widget->objectName() == name && isOpen(*widget)) return widget;
     }
     return nullptr;
 }

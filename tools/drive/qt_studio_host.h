@@ -44,6 +44,7 @@ class StudioHost final : public QObject, public DriveHost {
 
  private:
     QWidget* find(std::string_view window) const;
+    bool isOpen(const QWidget& window) const;
     void takeDown();
 
     ScriptedWorld& world_;
