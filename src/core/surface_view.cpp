@@ -70,6 +70,7 @@ void SurfaceView::paintEvent(QPaintEvent*) {
 
 void SurfaceView::mousePressEvent(QMouseEvent* event) {
     if (!mouse.pressed) return QWidget::mousePressEvent(event);
+    held_ = buttonMask(event->buttons());
     const QPointF at = event->position();
     mouse.pressed(buttonMask(event->button()), shiftMask(*event), at.x(), at.y());
 }
@@ -77,13 +78,24 @@ void SurfaceView::mousePressEvent(QMouseEvent* event) {
 void SurfaceView::mouseMoveEvent(QMouseEvent* event) {
     if (!mouse.moved) return QWidget::mouseMoveEvent(event);
     const QPointF at = event->position();
+    letGo(held_ & ~buttonMask(event->buttons()), shiftMask(*event), at);
     mouse.moved(buttonMask(event->buttons()), shiftMask(*event), at.x(), at.y());
 }
 
 void SurfaceView::mouseReleaseEvent(QMouseEvent* event) {
     if (!mouse.released) return QWidget::mouseReleaseEvent(event);
     const QPointF at = event->position();
+    held_ &= ~buttonMask(event->button());
     mouse.released(buttonMask(event->button()), shiftMask(*event), at.x(), at.y());
+}
+
+/// A menu that opened meanwhile has had the releases; they are made up for, so that no drag and no note
+/// hangs.
+void SurfaceView::letGo(int buttons, int shift, QPointF at) {
+    held_ &= ~buttons;
+    for (const int button : {1, 2, 4}) {
+        if ((buttons & button) != 0 && mouse.released) mouse.released(button, shift, at.x(), at.y());
+    }
 }
 
 void SurfaceView::focusInEvent(QFocusEvent* event) {

@@ -63,9 +63,11 @@ class SurfaceView : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
  private:
+    void letGo(int buttons, int shift, QPointF at);
     bool fits() const;
 
     QImage picture_;
+    int held_ = 0;  ///< buttons that were pressed here and not let go
     bool reachedByKeyboard_ = false;
 };
 

@@ -28,7 +28,7 @@ std::vector<BarLabel> barLabels(const Page& page, int beatsPerMeasure) {
 }
 
 void TabletPage::Form_Resize() {
-    if (studio_.shell.Minimised) return;
+    if (studio_.shell.Minimised || studio_.shell.Resizing) return;
     studio_.shell.Resizing = true;
     measure();
     keepInsideScore();

@@ -27,7 +27,7 @@ class TabletPage {
     TabletPage(Studio& studio, Surfaces& surfaces) : studio_(studio), surfaces_(surfaces) {}
 
     /// From the client width and the main picture's height, which the window has set; nothing while
-    /// minimised.
+    /// minimised, or while a resize is in hand.
     void Form_Resize();
     void HScroll1_Change();
     void VScroll1_Change();

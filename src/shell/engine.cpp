@@ -47,6 +47,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
 void Engine::connectControls() {
     entry.openMenu = [this](auto closed) { menus.openTabletMenu(std::move(closed)); };
     tableau.openMenu = entry.openMenu;
+    startUp.loadMenus = [this] { menus.Form_Load(); };
     toolbar.openMenu = [this](int button) { menus.openToolbarMenu(button); };
     auto& main = studio.form1;
     main.HScroll1.acted = [this] { page.HScroll1_Change(); };

@@ -166,6 +166,7 @@ void form1::imgTitleClose_Click() {
 void form1::setResizing(bool on) {
     FramedWindow::setResizing(on);
     studio_.shell.Resizing = on;
+    if (!on) layOut();
 }
 
 void form1::closeEvent(QCloseEvent* event) {

@@ -71,11 +71,11 @@ constexpr std::array<PopupEntry, 3> rightClickEntries{{
     {"mnuPoli", "Set Polynotes on Right-Click", &Menus::mnuPoli_Click, &Marks::mnuPoli},
 }};
 
-constexpr Popup tabletPopup{"mnupopup", tabletEntries};
-constexpr Popup programPopup{"mnupopup2", programEntries};
-constexpr Popup helpPopup{"mnupopup3", helpEntries};
-constexpr Popup partsPopup{"mnupopup4", partsEntries};
-constexpr Popup rightClickPopup{"mnupopup5", rightClickEntries};
+constexpr Popup tabletPopup{"mnupopup", "popup", tabletEntries};
+constexpr Popup programPopup{"mnupopup2", "popup2", programEntries};
+constexpr Popup helpPopup{"mnupopup3", "popup3", helpEntries};
+constexpr Popup partsPopup{"mnupopup4", "popup4", partsEntries};
+constexpr Popup rightClickPopup{"mnupopup5", "popup5", rightClickEntries};
 
 constexpr std::array popups{&tabletPopup, &programPopup, &helpPopup, &partsPopup, &rightClickPopup};
 
@@ -194,6 +194,7 @@ void PopupMenus::mnuHelpfile_Click() {
     parts_.toolbar.setToolWindows(false);
     Cmdhelp_Click();
     parts_.toolbar.setToolWindows(true);
+    Cmdhelp_Click();  // in front of the windows that came back
 }
 
 void PopupMenus::Cmdhelp_Click() {

@@ -29,6 +29,7 @@ struct PopupEntry {
 
 struct Popup {
     const char* name;
+    const char* caption;
     std::span<const PopupEntry> entries;
 };
 

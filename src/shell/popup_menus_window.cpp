@@ -5,8 +5,31 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QMenu>
+#include <QMouseEvent>
 
 namespace melvane {
+
+namespace {
+
+/// A menu that opens at a press: letting that button go, wherever the pointer is by then, chooses nothing.
+class PopupMenu : public QMenu {
+ public:
+    using QMenu::QMenu;
+
+ protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        pressed_ = true;
+        QMenu::mousePressEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (pressed_) QMenu::mouseReleaseEvent(event);
+    }
+
+ private:
+    bool pressed_ = false;
+};
+
+}  // namespace
 
 Frmmenu::Frmmenu(Studio& studio, PopupMenus& menus, QWidget* owner)
     : QWidget(nullptr), studio_(studio), menus_(menus), owner_(owner) {
@@ -52,8 +75,9 @@ QPoint Frmmenu::place() const {
 }
 
 void Frmmenu::show(const Popup& popup, std::function<void()> closed) {
-    auto* const menu = new QMenu(owner_);
+    auto* const menu = new PopupMenu(owner_);
     menu->setObjectName(popup.name);
+    menu->setTitle(popup.caption);
     addEntries(*menu, popup.entries);
     // The entry's own work is done right after the menu has gone; what follows the menu comes behind it.
     connect(menu, &QMenu::aboutToHide, this, [this, menu, closed] {

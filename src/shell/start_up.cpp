@@ -37,6 +37,7 @@ void StartUp::Form_Load() {
     studio_.player.PlayStopWatch = parts_.stopWatches.StopWatchCreate();
     openDevice();
     studio_.tracks.TrackVisible[0] = studio_.tracks.TrackVisible[1] = true;
+    if (loadMenus) loadMenus();
     outside_.loop.Idle();
     placeWindow();
     showToolbars();

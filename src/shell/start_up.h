@@ -41,6 +41,9 @@ class StartUp {
           toolWindows_(toolWindows),
           parts_(parts) {}
 
+    /// Loads the popup menus; set by the engine.
+    std::function<void()> loadMenus;
+
     /// The main window's load: settings, grids, geometry, device. Run once, before the window is shown.
     void Form_Load();
     /// Each time the main window comes to the front: ends a playback and opens the device once more.

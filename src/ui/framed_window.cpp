@@ -202,10 +202,9 @@ void FramedWindow::mousePressEvent(QMouseEvent* event) {
 void FramedWindow::mouseMoveEvent(QMouseEvent* event) {
     const QPoint cursor = event->globalPosition().toPoint();
     if (carriedAt_) return moveWith(cursor);
-    const bool pulled = barePress_ && event->buttons().testFlag(Qt::LeftButton) &&
-                        (event->position().toPoint() - *barePress_).manhattanLength() >=
-                            QApplication::startDragDistance() / 2;
-    if (!pulled) return;
+    const QPoint pulled = barePress_ ? event->position().toPoint() - *barePress_ : QPoint();
+    if (pulled.isNull() || !event->buttons().testFlag(Qt::LeftButton)) return;
+    if (placesItself() && !isMaximized()) move(pos() + pulled);
     DragWindow();
     barePress_.reset();
     if (carriedAt_) moveWith(cursor);

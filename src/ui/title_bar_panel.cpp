@@ -25,7 +25,6 @@ constexpr int flatTitleWeight = QFont::DemiBold;
 TitleBar::TitleBar(const QString& title, TitleButtons buttons, QWidget* parent)
     : QWidget(parent),
       has_(buttons),
-      TopBar_(new QWidget(this)),
       emblem_(new QLabel(this)),
       lblTitle_(new ElidedLabel(this)),
       imgTitleHelp_(makeButton("imgTitleHelp", "Help")),
@@ -34,11 +33,8 @@ TitleBar::TitleBar(const QString& title, TitleButtons buttons, QWidget* parent)
       imgTitleClose_(makeButton("imgTitleClose", "Close")),
       imgTitleMaximize_(makeButton("imgTitleMaximize", "")),
       imgTitleRestore_(makeButton("imgTitleRestore", "")) {
-    setObjectName("TitleBar");
+    setObjectName("TopBar");
     setFixedHeight(titleBarHeight);
-    TopBar_->setObjectName("TopBar");
-    TopBar_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    TopBar_->lower();
     lblTitle_->setObjectName("lblTitle");
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(sideMargin + 2, 2, sideMargin, 2);

@@ -46,7 +46,6 @@ class TitleBar : public QWidget {
     TitleButtons has_;
     FrameLook look_ = FrameLook::flat;
     bool maximised_ = false;
-    QWidget* TopBar_;
     QLabel* emblem_;
     QLabel* lblTitle_;
     QToolButton* imgTitleHelp_;

@@ -73,6 +73,8 @@ TEST(FrameGeometry, AWindowIsHeldToItsFloors) {
     const WindowPlace narrower = resizedByGrip(before, bottomRightCorner, -344, -5000);
     EXPECT_EQ(narrower.width, 57 * pixel);
     EXPECT_EQ(narrower.height, 90 * pixel);
+    const WindowPlace fromTheLeft = resizedByGrip(before, topLeftCorner, 380, 280);
+    EXPECT_EQ(fromTheLeft, (WindowPlace{380 * pixel, 280 * pixel, 57 * pixel, 90 * pixel}));
     const WindowPlace wider = resizedByGrip(before, bottomRightCorner, -342, -209);
     EXPECT_EQ(wider.width, 58 * pixel);
     EXPECT_EQ(wider.height, 91 * pixel);

@@ -165,6 +165,36 @@ TEST_F(FramedWindowTest, ABarePartCarriesTheWindow) {
     EXPECT_EQ(window.pos(), before + QPoint(30, 20));
 }
 
+TEST_F(FramedWindowTest, TheTitleAndItsBarCarryTheWindow) {
+    for (const char* const name : {"lblTitle", "TopBar"}) {
+        QWidget& bar = *window.findChild<QWidget*>(name);
+        const QPoint before = window.pos();
+        QTest::mousePress(&bar, Qt::LeftButton, {}, {40, 10});
+        QTest::mouseMove(&bar, {50, 25});
+        QTest::mouseRelease(&bar, Qt::LeftButton, {}, {50, 25});
+        EXPECT_EQ(window.pos(), before + QPoint(10, 15)) << name;
+    }
+}
+
+TEST_F(FramedWindowTest, TheGroundIsTheDesignsGrey) {
+    QPalette other = window.palette();
+    other.setColor(QPalette::Window, Qt::green);
+    window.setPalette(other);
+    window.LayoutResizers(false);
+    EXPECT_EQ(window.palette().color(QPalette::Window), QColor(207, 207, 207));
+}
+
+TEST_F(FramedWindowTest, TheLastStateIsOneForAllWindows) {
+    FramedWindow other(studio, {"Form3", "Another", {true, true, false}}, nullptr);
+    other.show();
+    window.showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(studio.shell.WindowState, 2);
+    other.showMinimized();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(studio.shell.WindowState, 1);
+}
+
 TEST_F(FramedWindowTest, AMaximisedWindowIsNotCarried) {
     window.showMaximized();
     QCoreApplication::processEvents();
@@ -202,6 +232,11 @@ TEST_F(MainWindowFrame, ThePageStandsStillWhileAnEdgeIsInHand) {
     const int before = studio.page.FirstColumn;
     studio.form1.HScroll1.set(studio.form1.HScroll1.value() + 5);
     EXPECT_EQ(studio.page.FirstColumn, before);
+    const int row = studio.page.FirstRow;
+    studio.form1.VScroll1.set(studio.form1.VScroll1.value() + 5);
+    engine.page.Form_Resize();
+    EXPECT_EQ(studio.page.FirstRow, row);
+    EXPECT_TRUE(studio.shell.Resizing);
     window.Resizer_MouseUp(rightSide, 1, 0, -118, 2);
     EXPECT_FALSE(studio.shell.Resizing);
     EXPECT_EQ(window.width(), 1160);

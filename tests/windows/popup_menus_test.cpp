@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -53,8 +54,15 @@ TEST_F(PopupMenusTest, AClickOnAnEntryRunsItAndChangesTheButtonsPicture) {
     choose("Set Polynotes on Right-Click");
     EXPECT_EQ(studio.selection.RightClickMode, 2);
     EXPECT_EQ(button->toolTip(), "Set Polynotes on right-click");
-    EXPECT_NE(button->icon().pixmap(24, 24).toImage(), before);
+    const QImage chords = button->icon().pixmap(24, 24).toImage();
+    EXPECT_NE(chords, before);
     EXPECT_FALSE(studio.Frmmenu.loaded);
+    engine.menus.mnuMenu_Click();
+    const QImage menu = button->icon().pixmap(24, 24).toImage();
+    EXPECT_NE(menu, before);
+    EXPECT_NE(menu, chords);
+    engine.menus.mnuerase_Click();
+    EXPECT_EQ(button->icon().pixmap(24, 24).toImage(), before);
 }
 
 TEST_F(PopupMenusTest, ARightPressOnABarePartOpensTheMenuOfTheProgram) {
@@ -91,6 +99,51 @@ TEST_F(PopupMenusTest, TheTabletsMenuWorksOnTheSelectionBeforeItGoes) {
     EXPECT_EQ(studio.clipboard.ClipNoteArray.get(0, 0, -1), 60);
     EXPECT_EQ(studio.selection.SelStart, -1);
     EXPECT_EQ(studio.selection.InsertPosition, 0);
+}
+
+TEST_F(PopupMenusTest, LettingGoOfThePressThatOpenedAMenuChoosesNothing) {
+    write(0, 3, 60);
+    studio.selection.RightClickMode = 1;
+    QTest::mousePress(&tablet(), Qt::RightButton, {}, {300, 40});
+    QMenu* const menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    const QPoint first = menu->actionGeometry(menu->actions().first()).center();
+    QTest::mouseMove(menu, first);
+    QTest::mouseRelease(menu, Qt::RightButton, {}, first);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(studio.score.noteCell(0, 3), 60);
+    menu->close();
+    QCoreApplication::processEvents();
+}
+
+TEST_F(PopupMenusTest, ADragThatAMenuInterruptedEndsAtTheNextMove) {
+    studio.selection.RightClickMode = 1;
+    QTest::mousePress(&tablet(), Qt::LeftButton, {}, {30, 40});
+    QTest::mousePress(&tablet(), Qt::RightButton, {}, {30, 40});
+    ASSERT_NE(openMenu(), nullptr);
+    openMenu()->close();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(studio.drag.MouseIsDown);
+    QMouseEvent move(QEvent::MouseMove, QPointF(40, 40), tablet().mapToGlobal(QPointF(40, 40)), Qt::NoButton,
+                     Qt::NoButton, {});
+    QCoreApplication::sendEvent(&tablet(), &move);
+    EXPECT_FALSE(studio.drag.MouseIsDown);
+    EXPECT_GE(studio.score.noteCell(0, 2), 0);
+}
+
+TEST_F(PopupMenusTest, LinesPartTheEntries) {
+    engine.menus.openTabletMenu({});
+    ASSERT_NE(openMenu(), nullptr);
+    QStringList shown;
+    for (const QAction* const action : openMenu()->actions()) {
+        shown << (action->isSeparator() ? QString("-") : action->text());
+    }
+    EXPECT_EQ(shown.join("|").toStdString(),
+              "Clear All|-|Cut selection|Copy selection|Paste (insert)|Paste (overwrite)|-|Open File|Save "
+              "as|Save|-|Cancel");
+    openMenu()->close();
+    QCoreApplication::processEvents();
 }
 
 class HelpWindowTest : public testing::Test {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <fstream>
+#include <iostream>
 
 namespace melvane::drive {
 
@@ -12,9 +13,15 @@ constexpr const char* screenDescription =
     R"({"synchronousWindowSystemEvents":false,"windowFrameMargins":false,"screens":[{"name":"bench","x":0,"y":0,)"
     R"("width":1280,"height":1024,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
 
+/// What a screen that nobody sees cannot do is no news; everything else is said as before.
+void say(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith("This plugin does not support")) std::cerr << text.toStdString() << '\n';
+}
+
 }  // namespace
 
 void prepareScreen(const std::filesystem::path& folder) {
+    qInstallMessageHandler(say);
     const auto path = folder / "screen.json";
     std::ofstream(path) << screenDescription;
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QByteArray::fromStdString(path.string()));
