@@ -4,7 +4,7 @@
 
 #include "core/clip_blocks.h"
 #include "core/names.h"
-#include "core/song_end.h"
+#include "core/song_walk.h"
 
 namespace melvane {
 

@@ -25,8 +25,10 @@ constexpr std::int64_t settleMilliseconds = 200;
 bool FileOperations::FileExists(const std::string& path) const { return fileExists(path); }
 
 void FileOperations::DeleteFileAndWait(const std::string& path) {
-    if (!std::ofstream(path, std::ios::binary | std::ios::app).is_open()) return;
     std::error_code error;
+    // A device or a folder of that name is no file to be made anew.
+    if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
+    if (!std::ofstream(path, std::ios::binary | std::ios::app).is_open()) return;
     if (!fs::remove(path, error) || error) return;
     waitForFileSystem();
 }

@@ -20,7 +20,8 @@ class FileOperations {
     /// Whether the file can be opened for reading.
     bool FileExists(const std::string& path) const;
     /// Deletes the file, then waits 0.2 seconds while serving events, so that a slow file system can follow.
-    /// A file that was not there is made first. A failure ends it quietly, without the wait.
+    /// A file that was not there is made first. A failure ends it quietly, without the wait; so does a name
+    /// that stands for something else than a file.
     void DeleteFileAndWait(const std::string& path);
     /// The wait of DeleteFileAndWait alone.
     void waitForFileSystem();

@@ -8,6 +8,7 @@
 
 #include "core/form_controls.h"
 #include "core/grid.h"
+#include "core/midi_export_state.h"
 #include "core/note_names.h"
 #include "core/numbers.h"
 #include "core/track_array.h"
@@ -187,6 +188,7 @@ struct Studio {
     Instruments instruments;
     Sounds sounds;
     Playback player;
+    MidiExportState midiExport;
     Shell shell;
     MainControls form1;
     EditingControls Form2;

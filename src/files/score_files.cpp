@@ -50,11 +50,7 @@ void ScoreFiles::mSaveAs_Click() {
         return;
     }
     name = withEnding(name, ".mid");
-    if (MidiFile)
-        MidiFile();
-    else
-        dialogs_.messageBox(BoxKind::information, "Melvane",
-                            "This version does not write MIDI files. Save as a score (*.sng).");
+    if (MidiFile) MidiFile();
 }
 
 void ScoreFiles::Command33_Click() {

@@ -44,7 +44,7 @@ class ScoreFiles {
     void OpenFile(const std::string& path);
     void OpenSegment(const std::string& path);
 
-    /// Writes SaveFileName as a MIDI file; set by the exporter.
+    /// Writes SaveFileName as a MIDI file; set where the parts are joined.
     std::function<void()> MidiFile;
 
     void listNames(NameTables& tables);

@@ -1,18 +1,8 @@
 #include "midi/column_notes.h"
 
 #include "core/names.h"
-#include "core/song_end.h"
 
 namespace melvane {
-
-namespace {
-
-Int16 stateOf(int cellValue) {
-    if (cell::isContinuation(cellValue)) return 2;
-    return cell::isStart(cellValue) ? Int16{1} : Int16{0};
-}
-
-}  // namespace
 
 void ColumnNotes::forgetPlayedCells() {
     for (std::size_t track = 0; track <= lastTrackNumber; ++track) {
@@ -35,8 +25,8 @@ void ColumnNotes::playTrack(int track) {
     const int previous = player.LastPlayedCell[at];
     const int column = player.PlayColumn;
     const int current = score.noteCell(track, column);
-    player.PreviousCellState = stateOf(previous);
-    player.CurrentCellState = stateOf(current);
+    player.PreviousCellState = playedState(previous);
+    player.CurrentCellState = playedState(current);
     // Without the shift that StartNote has: this is the value that notes of tracks not selected sound with.
     if (const auto velocity = score.VolumeArray.find(track, column))
         studio_.tracks.TrackVolume[at] = *velocity;
@@ -64,8 +54,6 @@ void ColumnNotes::stopVisibleNotes() {
         if (!cell::isEmpty(last)) sounding_.StopNote(cell::row(last));
     }
 }
-
-void ColumnNotes::FindSongEnd() { findSongEnd(studio_); }
 
 void ColumnNotes::listNames(NameTables& tables) {
     tables.operations.add("form1", "PlayNotes", this, &ColumnNotes::PlayNotes);

@@ -1,5 +1,6 @@
 #pragma once
 #include "core/studio.h"
+#include "core/song_walk.h"
 #include "midi/sounding.h"
 
 namespace melvane {
@@ -18,7 +19,7 @@ class ColumnNotes {
     /// Ends what the last column left sounding.
     void stopVisibleNotes();
     /// SongEndColumn: one past the last used column of the tracks that are not hidden.
-    void FindSongEnd();
+    void FindSongEnd() { findSongEnd(studio_); }
 
     void listNames(NameTables& tables);
 

@@ -84,6 +84,13 @@ std::optional<std::string> writeFileWhole(const std::string& path, std::string_v
     return draft.complete();
 }
 
+bool overwriteFile(const std::string& path, std::string_view bytes) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0) return false;
+    const bool written = writeAll(descriptor, bytes);
+    return ::close(descriptor) == 0 && written;
+}
+
 std::string findNoCase(const std::string& path) {
     std::error_code failed;
     if (fs::exists(path, failed)) return path;

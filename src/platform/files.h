@@ -16,6 +16,11 @@ bool fileExists(const std::string& path);
 /// value when the file is complete. A link is followed, and an earlier file's rights stay.
 std::optional<std::string> writeFileWhole(const std::string& path, std::string_view bytes);
 
+/// Puts the bytes at the start of the file, which is made when there is none. What an earlier file holds
+/// behind them stays, and so does what was written before a failure. Answers whether all of them were
+/// written.
+bool overwriteFile(const std::string& path, std::string_view bytes);
+
 /// `path` itself when it exists; else the first existing path, in the order of the alphabet, that differs
 /// from it only in the case of ASCII letters; else `path`.
 std::string findNoCase(const std::string& path);

@@ -34,6 +34,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       panic(studio, output, instruments),
       player(studio, surfaces, toolWindows, output, sounding, stopWatches, outside.loop),
       files(studio, surfaces, score, page, fileOperations, outside.dialogs, outside.directories),
+      midiExport(studio, settings, chords, fileOperations),
       startUp(studio, outside, surfaces, frame, toolWindows,
               {settings, fileOperations, score, channels, instruments, chords, panel, page, output, panic,
                stopWatches}),
@@ -59,6 +60,7 @@ void Engine::connectControls() {
     main.CmdInst.acted = [this] { noteInstrument.Text5_DblClick(); };
     studio.Form3.Combo2.acted = [this] { output.chooseDevice(); };
     main.Combo5.acted = [this] { instruments.Combo5_Click(); };
+    files.MidiFile = [this] { midiExport.MidiFile(); };
     studio.Form3.TempoLabel.acted = [this] {
         assign(studio.score.Tempo, leadingNumber(studio.Form3.TempoLabel.text()));
     };
@@ -109,6 +111,7 @@ void Engine::listNames() {
     panic.listNames(tables);
     player.listNames(tables);
     files.listNames(tables);
+    midiExport.listNames(tables);
     startUp.listNames(tables);
     toolbar.listNames(tables);
     menus.listNames(tables);

@@ -16,6 +16,7 @@
 #include "core/tableau_entry.h"
 #include "core/tablet_page.h"
 #include "core/tablet_tools.h"
+#include "files/midi_export.h"
 #include "files/score_files.h"
 #include "midi/midi_output.h"
 #include "midi/note_instrument.h"
@@ -67,6 +68,7 @@ class Engine {
     Panic panic;
     Player player;
     ScoreFiles files;
+    MidiExport midiExport;
     StartUp startUp;
     MainToolbarCommands toolbar;
     PopupMenus menus;

@@ -1,4 +1,4 @@
-#include "core/song_end.h"
+#include "core/song_walk.h"
 
 namespace melvane {
 
