@@ -108,6 +108,39 @@ TEST_F(RenderTest, AnMp3IsWrittenForItsEnding) {
     EXPECT_EQ(bytes.substr(0, 2), "\xff\xfb");
 }
 
+TEST_F(RenderTest, AMidiFileIsWrittenForItsEnding) {
+    folder.make("tune.Mid", std::string(1000, 'x'));
+    ASSERT_EQ(run(score + " " + folder.file("tune.Mid")), 0) << complained;
+    EXPECT_EQ(complained, "");
+    // The last note ends in column 10 of 11, and a column lasts 0.15 seconds in the file.
+    EXPECT_EQ(said, folder.file("tune.Mid") + ": 1.6 seconds\n");
+    const auto bytes = readFile(folder.file("tune.Mid")).value_or("");
+    constexpr std::string_view head("MThd\0\0\0\6\0\1\0\16\0\60MTrk\0\0\0\23\0\xFF\x51\3\x09\x27\xC0", 29);
+    constexpr std::string_view track("MTrk\0\0\0\17\0\xC0\0\0\x90\x3C\x7F\x78\x80\x3C\0\x0C\xFF\x2F\0", 23);
+    EXPECT_EQ(bytes.substr(0, head.size()), head);
+    EXPECT_EQ(bytes.substr(41, track.size()), track);
+    EXPECT_EQ(bytes.size(), 41 + track.size() + 12 * 13);
+}
+
+TEST_F(RenderTest, AScoreThatNoMidiFileHoldsIsAFailureAndKeepsTheEarlierFile) {
+    std::string notes = "67";
+    for (int column = 1; column < 800; ++column) notes += ",67";
+    std::string text;
+    for (int track = 0; track <= 12; ++track) text += notes + "\r\n0\r\n";
+    folder.make("tune.mid", "earlier");
+    const std::string full = folder.make("full.sng", text + "100\r\n");
+    EXPECT_EQ(run(full + " " + folder.file("tune.mid")), 1);
+    EXPECT_NE(complained.find("32,767 bytes"), std::string::npos) << complained;
+    EXPECT_TRUE(complainedInOneLine());
+    const std::string slow = folder.make("slow.sng", shortScore(4, "3"));
+    EXPECT_EQ(run(slow + " " + folder.file("tune.mid")), 1);
+    EXPECT_NE(complained.find("tempo of 3"), std::string::npos) << complained;
+    EXPECT_EQ(run(folder.file("missing.sng") + " " + folder.file("tune.mid")), 1);
+    EXPECT_EQ(readFile(folder.file("tune.mid")), "earlier");
+    EXPECT_EQ(run(score + " " + folder.file("no/folder/tune.mid")), 1);
+    EXPECT_TRUE(complainedInOneLine()) << complained;
+}
+
 TEST_F(RenderTest, AFailureIsOneLineAndStatusOneAndLeavesNothing) {
     EXPECT_EQ(run(folder.file("missing.sng") + " " + folder.file("x.wav")), 1);
     EXPECT_TRUE(complainedInOneLine()) << complained;
@@ -148,6 +181,9 @@ TEST_F(RenderTest, AScoreWithoutNotesIsSilentAndSaidSo) {
     folder.make("silent.sng", text + "100\r\n");
     ASSERT_EQ(run(folder.file("silent.sng") + " " + folder.file("silent.wav")), 0) << complained;
     EXPECT_NE(complained.find("holds no notes"), std::string::npos) << complained;
+    ASSERT_EQ(run(folder.file("silent.sng") + " " + folder.file("silent.mid")), 0) << complained;
+    EXPECT_NE(complained.find("holds no notes"), std::string::npos) << complained;
+    EXPECT_EQ(readFile(folder.file("silent.mid")).value_or("").size(), 197U);
     const auto samples = samplesOf(folder.file("silent.wav"));
     ASSERT_FALSE(samples.empty());
     EXPECT_TRUE(std::ranges::none_of(samples, isSound));
