@@ -37,13 +37,26 @@ void ChannelSelection::Label8_Click(int index) {
     TrackSel_Click(index);
     // The test note may have let another label be clicked.
     bringSetupToolbarTo(studio_, studio_.tracks.CurrentTrack);
+    if (!isMelodyTrack(studio_.tracks.CurrentTrack)) main.Beatbox.setVisible(true);
+    draw();
+}
+
+void ChannelSelection::draw() {
     surfaces_.DrawSelectorGrid();
     surfaces_.DrawBarStrip();
     surfaces_.DrawPolyStrip();
-    if (!isMelodyTrack(studio_.tracks.CurrentTrack)) main.Beatbox.setVisible(true);
     surfaces_.DrawNoteArray();
     if (studio_.score.UsedTrackCount > 7) surfaces_.DrawBeatArray();
     showTestedNote(studio_);
+}
+
+void ChannelSelection::showCurrentTrack() {
+    const int track = studio_.tracks.CurrentTrack;
+    if (!isTrack(track)) return;
+    auto& shown = studio_.form1.LblTrk;
+    shown.setBackColour(studio_.tracks.TrackColor[static_cast<std::size_t>(track)]);
+    shown.set(std::to_string(shownTrackNumber(track)));
+    draw();
 }
 
 void ChannelSelection::Label8_MouseMove(int index, int, int, double, double) {

@@ -18,11 +18,14 @@ class ChannelSelection {
     void Label8_MouseMove(int index, int button, int shift, double X, double Y);
     /// Opens the track and makes it the current one.
     void TrackSel_Click(int index);
+    /// Shows the current track, which was chosen elsewhere, in the panel and on the surfaces.
+    void showCurrentTrack();
 
     void listNames(NameTables& tables);
 
  private:
     void showTip(int index);
+    void draw();
 
     Studio& studio_;
     Surfaces& surfaces_;

@@ -64,15 +64,6 @@ void Chords::fillList() {
     studio_.form1.Combo3.set(0);
 }
 
-void Chords::fillChannelList() {
-    studio_.Form3.Combo3.fill({"Major (4 note chord: 5C 5E 5G 6C )", "Minor (4 note chord: 5C 5D#  5G 6C )",
-                               "Major 7th (4 note chord: 5C 5E 5G  5B )",
-                               "Minor 7th (4 note chord: 5C 5D# 5G 5A# )",
-                               "Minor 7th -5 (4 note chord: 5C 5D 5F# 5A# )",
-                               "2 Octave combo (2 notes: 5C 4C )", "3 Octave combo (3 notes: 5C 4C 6C )"});
-    studio_.Form3.Combo3.set(1);
-}
-
 void Chords::SelectChord(int index) {
     if (index < 0 || index >= static_cast<int>(shapes.size())) return;
     const auto& shape = shapes[static_cast<std::size_t>(index)];

@@ -27,8 +27,6 @@ class Chords {
     /// The text of a chord number; the one shown now where it has none of its own.
     std::string textOf(int index) const;
     void fillList();
-    /// The Setup toolbar's list, without "Single Note"; its second entry is selected.
-    void fillChannelList();
     /// Sets the three steps and the chord text; another index than 0 to 7 changes nothing.
     void SelectChord(int index);
     /// The user picked a chord on the panel: the steps follow the list of the test panel, 0 while that is not

@@ -27,7 +27,7 @@ bool TextControl::userPut(const Value& value) {
 bool CheckControl::userPut(const Value& value) {
     const auto whole = wholeNumber(value);
     if (!whole) return false;
-    if (store(value_, *whole != 0 ? 1 : 0)) act();
+    if (enabled() && store(value_, *whole != 0 ? 1 : 0)) act();
     return true;
 }
 
@@ -61,15 +61,23 @@ double SliderControl::fractionAt(double X) const {
 int SliderControl::number() const { return narrowed<int>(leadingNumber(number_.text())).value_or(0); }
 
 int SliderControl::numberAt(double X) const {
-    return static_cast<int>(fractionAt(X) * scale_.steps) + scale_.first;
+    return static_cast<int>(fractionAt(X) * scale_.steps) * scale_.factor + scale_.first;
 }
 
-void SliderControl::step(int steps) { set(std::clamp(number() + steps, lowest(), highest())); }
+/// From a number between two steps the way up leads to the next one.
+void SliderControl::step(int steps) {
+    const double now = std::floor((static_cast<double>(number()) - scale_.first) / scale_.factor);
+    const double next = (now + steps) * scale_.factor + scale_.first;
+    set(static_cast<int>(std::clamp<double>(next, lowest(), highest())));
+}
+
+double SliderControl::place() const {
+    const double range = static_cast<double>(scale_.steps) * scale_.factor;
+    return std::clamp(place_.value_or((static_cast<double>(number()) - scale_.first) / range), 0.0, 1.0);
+}
 
 int SliderControl::pointerLeft() const {
-    const double way = std::max(0, trackWidth - pointerWidth);
-    const double fraction = static_cast<double>(number() - scale_.first) / scale_.steps;
-    return static_cast<int>(std::lround(way * std::clamp(fraction, 0.0, 1.0)));
+    return static_cast<int>(std::lround(std::max(0, trackWidth - pointerWidth) * place()));
 }
 
 bool SliderControl::userPut(const Value& value) {

@@ -80,7 +80,8 @@ class TextControl : public Control {
     Colour backColour_{255, 255, 255};
 };
 
-/// A tick, an option or a push button that stays down: 0 or 1. Only the user's click runs the handler.
+/// A tick, an option or a push button that stays down: 0 or 1. Only the user's click runs the handler; while
+/// it is disabled there is none.
 class CheckControl : public Control {
  public:
     CheckControl() = default;
@@ -88,11 +89,15 @@ class CheckControl : public Control {
     int value() const { return value_; }
     bool ticked() const { return value_ == 1; }
     void set(bool ticked) { store(value_, ticked ? 1 : 0); }
+    /// One of a row may stand out, whatever is ticked.
+    bool highlighted() const { return highlighted_; }
+    void setHighlighted(bool on) { store(highlighted_, on); }
     Value shown() const override { return static_cast<long long>(value_); }
     bool userPut(const Value& value) override;
 
  private:
     int value_ = 0;
+    bool highlighted_ = false;
 };
 
 /// A list or drop-down. Only the user's choice runs the handler.
@@ -136,9 +141,10 @@ class ScrollControl : public Control {
 };
 
 /// What a slider's number counts: `first` at the left end of the track, `first + steps` at the right one, and
-/// `resting` after the right button, which may stand left of the track's way.
+/// `resting` after the right button, which may stand left of the track's way. `first` and `resting` are told
+/// in numbers; one step is `factor` of them.
 struct SliderScale {
-    int first = 0, steps = 127, resting = 0;
+    int first = 0, steps = 127, resting = 0, factor = 1;
 };
 
 class SliderControl;
@@ -167,22 +173,27 @@ class SliderControl : public Control {
 
     const SliderScale& scale() const { return scale_; }
     int lowest() const { return std::min(scale_.first, scale_.resting); }
-    int highest() const { return scale_.first + scale_.steps; }
+    int highest() const { return scale_.first + scale_.steps * scale_.factor; }
     int number() const;
     void set(int number) { number_.set(std::to_string(number)); }
     /// The number that a drag to the mouse at X gives; X from the track's left edge.
     int numberAt(double X) const;
-    /// By so many numbers up or down, inside the range.
+    /// By so many steps up or down, inside the range.
     void step(int steps);
     /// How far along its way the pointer stands with the mouse at X: 0 to 1.
     double fractionAt(double X) const;
+    /// Where the pointer stands on its way: 0 to 1.
+    double place() const;
     int pointerLeft() const;
+    /// Puts the pointer to a place on its way, 0 to 1, whatever the number says; nothing: where that says.
+    void setPlace(std::optional<double> place) { store(place_, place); }
     Value shown() const override { return static_cast<long long>(number()); }
     bool userPut(const Value& value) override;
 
  private:
     TextControl& number_;
     SliderScale scale_;
+    std::optional<double> place_;
 };
 
 /// A picture area or panel: what the engine must know of its size, in logical pixels.

@@ -1,5 +1,7 @@
 #pragma once
 #include <array>
+#include <cstdint>
+#include <optional>
 
 #include "core/controls.h"
 
@@ -36,17 +38,35 @@ struct MainControls {
     TextControl StatusText;                   ///< what the user is told without a box
 };
 
+/// The Setup toolbar. Its controls keep what they hold while it is closed.
 struct SetupControls {
-    std::array<CheckControl, 13> TrackSel, TrackHide;
+    SetupControls() { PanAtRest.fill(true); }
+    bool loaded = false;
+    bool shown = false;  ///< on the screen
+    /// Its top left corner in twips; nothing before it has one.
+    std::optional<double> left, top;
+
+    std::array<CheckControl, 13> TrackSel, TrackHide;  ///< index 9 is not offered
+    TextControl LblInst1, LblInst2;                    ///< instruments of the melody and the percussion group
+    TextControl TempoLabel{"100"}, TxBeats{"4"};
+    SliderControl LblTempo{TempoLabel, {0, 125, 0, 4}}, Lblbeats{TxBeats, {4, 12, 4}};
+
+    TextControl Label15{"Channel  Volume"}, Label2{"127"};
+    TextControl LMod{"0"}, LPan{"64"}, LReverb{"0"}, LChorus{"0"};
+    SliderControl lblVolume{Label2, {0, 127, 127}}, LblMod{LMod, {0, 127, 0}}, LblPan{LPan, {-64, 128, 0}},
+        LblReverb{LReverb, {0, 127, 0}}, LblChorus{LChorus, {0, 127, 0}};
+    /// By channel: the pan has not been moved, and its knob stands in the middle although it reads 64.
+    std::array<bool, 16> PanAtRest{};
+
     std::array<CheckControl, 8> Ch, Chkstrum;
-    TextControl TempoLabel{"100"}, TxBeats{"4"}, Text1{"1000"}, Text2{"100"}, Text3{"8"}, Label2{"127"},
-        Label15{"Channel  Volume"};
-    TextControl LblInst1, LblInst2;
+    ListControl Combo3;  ///< chords, without "Single Note"
+
+    TextControl Text1{"1000"}, Text2{"100"}, Text3{"8"};
     ScrollControl VScroll3;
     CheckControl Check1{true};  ///< "Show Sharp # Notes Guide"
     ListControl Combo2;         ///< MIDI devices, index 0 "MIDI Mapper"
-    ListControl Combo3;         ///< chords, without "Single Note"
-    std::int32_t SetupChannel = 0;
+
+    std::int16_t SetupChannel = 0;  ///< the channel whose sliders are shown, from 0
 };
 
 /// The Editing toolbar, as far as the operations on blocks ask it.

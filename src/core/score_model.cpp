@@ -4,6 +4,7 @@
 
 #include "core/names.h"
 #include "core/quick_compose.h"
+#include "core/setup_channel.h"
 
 namespace melvane {
 
@@ -102,7 +103,7 @@ void ScoreModel::mNew_Click() {
     for (int track = 0; track <= lastTrackNumber; ++track) {
         const auto at = static_cast<std::size_t>(track);
         studio_.Form3.TrackSel[at].set(false);
-        studio_.Form3.TrackHide[at].set(false);
+        setChannelHidden(studio_, track, false);
         studio_.tracks.TrackInstrument[at] = 0;
     }
     pressChannel(0);
@@ -142,8 +143,7 @@ void ScoreModel::resetEffects() {
 
 void ScoreModel::resetSetupToolbar() {
     pressChannel(0);
-    studio_.Form3.Label2.set(std::to_string(studio_.tracks.TrackVolume[0]));
-    studio_.Form3.Label15.set("Ch #1 Volume");
+    showChannelVolume(studio_, 0);
     for (auto& chord : studio_.Form3.Ch) chord.set(false);
     for (auto& strum : studio_.Form3.Chkstrum) strum.set(false);
     studio_.score.Tempo = 100;
@@ -153,10 +153,7 @@ void ScoreModel::resetSetupToolbar() {
 /// A button pressed by the program moves the button and CurrentTrack; no track is opened and no test note
 /// sounds.
 void ScoreModel::pressChannel(int track) {
-    for (int other = 0; other <= lastTrackNumber; ++other) {
-        studio_.Form3.TrackSel[static_cast<std::size_t>(other)].set(other == track);
-    }
-    studio_.Form3.SetupChannel = track;
+    pressChannelButton(studio_, track);
     studio_.tracks.CurrentTrack = static_cast<Int16>(track);
 }
 

@@ -2,15 +2,59 @@
 
 namespace melvane {
 
-void bringSetupToolbarTo(Studio& studio, int track) {
+namespace {
+
+constexpr double middle = 0.5;  // of a slider's way
+
+bool isTrack(int track) { return track >= 0 && track <= lastTrackNumber; }
+
+}  // namespace
+
+void pressChannelButton(Studio& studio, int track) {
+    if (!isTrack(track)) return;
     auto& setup = studio.Form3;
     for (int other = 0; other <= lastTrackNumber; ++other) {
-        setup.TrackSel[static_cast<std::size_t>(other)].set(other == track);
+        const auto at = static_cast<std::size_t>(other);
+        setup.TrackSel[at].set(other == track);
+        setup.TrackSel[at].setHighlighted(other == track);
+        // One that is hidden already can still be brought back.
+        setup.TrackHide[at].setEnabled(other != track || setup.TrackHide[at].ticked());
     }
-    setup.SetupChannel = track;
+    setup.SetupChannel = static_cast<Int16>(track);
+    showChannelSettings(studio);
+}
+
+void showChannelSettings(Studio& studio) {
+    auto& setup = studio.Form3;
+    const auto at = static_cast<std::size_t>(setup.SetupChannel);
+    const ChannelRecord record = studio.tracks.ChannelSettings[at];
+    setup.LPan.set(std::to_string(record.Pan));
+    setup.LReverb.set(std::to_string(record.Reverb));
+    setup.LChorus.set(std::to_string(record.Chorus));
+    setup.LMod.set(std::to_string(record.Modulation));
+    const bool atRest = at < setup.PanAtRest.size() && setup.PanAtRest[at];
+    setup.LblPan.setPlace(atRest ? std::optional(middle) : std::nullopt);
+}
+
+void setChannelHidden(Studio& studio, int track, bool hidden) {
+    if (!isTrack(track)) return;
+    const auto at = static_cast<std::size_t>(track);
+    studio.Form3.TrackHide[at].set(hidden);
+    studio.Form3.TrackSel[at].setEnabled(!hidden);
+    studio.tracks.TrackShown[at] = !hidden;
+}
+
+void showChannelVolume(Studio& studio, int track) {
+    if (!isTrack(track)) return;
+    studio.Form3.Label2.set(std::to_string(studio.tracks.TrackVolume[static_cast<std::size_t>(track)]));
+    studio.Form3.Label15.set("Ch #" + std::to_string(track + 1) + " Volume");
+}
+
+void bringSetupToolbarTo(Studio& studio, int track) {
+    if (!isTrack(track)) return;
+    pressChannelButton(studio, track);
     studio.tracks.TrackVisible[static_cast<std::size_t>(track)] = true;
-    setup.Label2.set(std::to_string(studio.tracks.TrackVolume[static_cast<std::size_t>(track)]));
-    setup.Label15.set("Ch #" + std::to_string(track + 1) + " Volume");
+    showChannelVolume(studio, track);
 }
 
 }  // namespace melvane

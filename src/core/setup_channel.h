@@ -1,10 +1,25 @@
 #pragma once
 #include "core/studio.h"
 
+/// What belongs together in the Setup toolbar's channel row. Tracks from 0 to 12; another number does
+/// nothing. No handler of the toolbar runs.
 namespace melvane {
 
-/// Brings the Setup toolbar to a track (0 to 12) that was chosen elsewhere: its selected channel, pressed
-/// button, volume and caption. No handler of the toolbar runs.
+/// Presses one channel's button, lets go of the others, and shows that channel's sliders. The selected
+/// channel cannot be hidden.
+void pressChannelButton(Studio& studio, int track);
+
+/// The numbers of the toolbar's channel beside its effect sliders, and their knobs.
+void showChannelSettings(Studio& studio);
+
+/// Hides a channel or brings it back: a hidden one cannot be selected.
+void setChannelHidden(Studio& studio, int track, bool hidden);
+
+/// The number and caption of the volume slider.
+void showChannelVolume(Studio& studio, int track);
+
+/// Brings the Setup toolbar to a track that was chosen elsewhere: its selected channel, pressed button,
+/// volume and caption.
 void bringSetupToolbarTo(Studio& studio, int track);
 
 }  // namespace melvane

@@ -81,6 +81,11 @@ struct Clipboard {
     Int16 ClipTrack = 0;   ///< where a clip of one track alone was taken from
 };
 
+/// What is set for a MIDI channel as a whole.
+struct ChannelRecord {
+    Int16 Instrument = 0, Volume = 0, Pan = 0, Reverb = 0, Chorus = 0, Modulation = 0;
+};
+
 struct Tracks {
     Int16 CurrentTrack = 0;
     Int16 LastTrack = 0;  ///< track of the note last sounded or edited
@@ -90,6 +95,8 @@ struct Tracks {
     PerTrack<Int16> PercussionKey{};
     TrackArray<bool, 13> TrackActive{};
     PerTrack<bool> TrackVisible{};
+    PerTrack<bool> TrackShown{};  ///< not hidden by the Setup toolbar
+    PerTrack<ChannelRecord> ChannelSettings{};
     std::array<Colour, 13> TrackColor = trackColours;
     std::array<Colour, 13> TrackPaleColor = trackPaleColours;
     Colour CurrentTrackColor = trackColours[0];
@@ -173,6 +180,7 @@ struct Shell {
     bool Busy = false, Resizing = false;
     bool Minimised = false;  ///< the main window
     Int16 WindowState = 0;   ///< the last that any window took: 0 normal, 1 minimised, 2 maximised
+    bool Ending = false;     ///< the main window is being unloaded, and the program with it
     bool XPInterface = true;
     bool Form2Open = false, Form3Open = false, RecorderOpen = false, WizardOpen = false;
 };

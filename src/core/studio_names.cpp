@@ -70,6 +70,37 @@ void listClipboard(StateTable& table, Clipboard& clipboard) {
     table.add("ClipTrack", clipboard.ClipTrack);
 }
 
+void listChannelSettings(StateTable& table, PerTrack<ChannelRecord>& channels) {
+    struct Field {
+        const char* name;
+        Int16 ChannelRecord::*held;
+    };
+    constexpr std::array<Field, 6> fields{{{"Instrument", &ChannelRecord::Instrument},
+                                           {"Volume", &ChannelRecord::Volume},
+                                           {"Pan", &ChannelRecord::Pan},
+                                           {"Reverb", &ChannelRecord::Reverb},
+                                           {"Chorus", &ChannelRecord::Chorus},
+                                           {"Modulation", &ChannelRecord::Modulation}}};
+    for (const auto& field : fields) {
+        const auto find = [&channels, held = field.held](StateTable::Indices at) -> Int16* {
+            auto& records = channels.entries();
+            if (at[0] < 0 || static_cast<std::size_t>(at[0]) >= records.size()) return nullptr;
+            return &(records[static_cast<std::size_t>(at[0])].*held);
+        };
+        table.add({std::string("ChannelSettings.") + field.name, 1,
+                   [find](StateTable::Indices at) -> std::optional<Value> {
+                       const Int16* const found = find(at);
+                       return found ? std::optional<Value>(static_cast<long long>(*found)) : std::nullopt;
+                   },
+                   [find](StateTable::Indices at, const Value& value) {
+                       const auto number = fromValue<Int16>(value);
+                       Int16* const found = find(at);
+                       if (number && found) *found = *number;
+                       return number && found;
+                   }});
+    }
+}
+
 void listTracks(StateTable& table, Tracks& tracks) {
     table.add("CurrentTrack", tracks.CurrentTrack);
     table.add("LastTrack", tracks.LastTrack);
@@ -79,6 +110,8 @@ void listTracks(StateTable& table, Tracks& tracks) {
     table.add("PercussionKey", tracks.PercussionKey);
     table.add("TrackActive", tracks.TrackActive);
     table.add("TrackVisible", tracks.TrackVisible);
+    table.add("TrackShown", tracks.TrackShown);
+    listChannelSettings(table, tracks.ChannelSettings);
     table.add("ChannelNumber", tracks.ChannelNumber);
     listColours(table, "TrackColor", tracks.TrackColor);
     listColours(table, "TrackPaleColor", tracks.TrackPaleColor);
@@ -240,21 +273,25 @@ void listEditing(ControlTable& table, EditingControls& Form2) {
 void listSetup(ControlTable& table, SetupControls& Form3) {
     table.add("Form3", "TrackSel", Form3.TrackSel);
     table.add("Form3", "TrackHide", Form3.TrackHide);
-    table.add("Form3", "Ch", Form3.Ch);
-    table.add("Form3", "Chkstrum", Form3.Chkstrum);
+    table.add("Form3", "LblInst1", Form3.LblInst1);
+    table.add("Form3", "LblInst2", Form3.LblInst2);
     table.add("Form3", "TempoLabel", Form3.TempoLabel);
     table.add("Form3", "TxBeats", Form3.TxBeats);
+    table.add("Form3", "Label15", Form3.Label15);
+    table.add("Form3", "Label2", Form3.Label2);
+    table.add("Form3", "LMod", Form3.LMod);
+    table.add("Form3", "LPan", Form3.LPan);
+    table.add("Form3", "LReverb", Form3.LReverb);
+    table.add("Form3", "LChorus", Form3.LChorus);
+    table.add("Form3", "Ch", Form3.Ch);
+    table.add("Form3", "Chkstrum", Form3.Chkstrum);
+    table.add("Form3", "Combo3", Form3.Combo3);
     table.add("Form3", "Text1", Form3.Text1);
     table.add("Form3", "Text2", Form3.Text2);
     table.add("Form3", "Text3", Form3.Text3);
-    table.add("Form3", "Label2", Form3.Label2);
-    table.add("Form3", "Label15", Form3.Label15);
-    table.add("Form3", "LblInst1", Form3.LblInst1);
-    table.add("Form3", "LblInst2", Form3.LblInst2);
     table.add("Form3", "VScroll3", Form3.VScroll3);
     table.add("Form3", "Check1", Form3.Check1);
     table.add("Form3", "Combo2", Form3.Combo2);
-    table.add("Form3", "Combo3", Form3.Combo3);
 }
 
 void listTestPanel(ControlTable& table, TestPanelControls& Form5) {

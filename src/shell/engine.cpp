@@ -35,9 +35,10 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       player(studio, surfaces, toolWindows, output, sounding, stopWatches, outside.loop),
       files(studio, surfaces, score, page, fileOperations, outside.dialogs, outside.directories),
       midiExport(studio, settings, chords, fileOperations),
+      setup(studio, {settings, surfaces, output, score, page, channels, instruments, picker}),
       startUp(studio, outside, surfaces, frame, toolWindows,
               {settings, fileOperations, score, channels, instruments, chords, panel, page, output, panic,
-               stopWatches}),
+               stopWatches, setup}),
       toolbar(studio, toolWindows, score, channels, files, player, panic, startUp),
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       surfaces_(surfaces) {
@@ -58,12 +59,8 @@ void Engine::connectControls() {
     main.Combo3.acted = [this] { chords.Combo3_Click(); };
     main.Check1.acted = [this] { panel.Check1_Click(); };
     main.CmdInst.acted = [this] { noteInstrument.Text5_DblClick(); };
-    studio.Form3.Combo2.acted = [this] { output.chooseDevice(); };
     main.Combo5.acted = [this] { instruments.Combo5_Click(); };
     files.MidiFile = [this] { midiExport.MidiFile(); };
-    studio.Form3.TempoLabel.acted = [this] {
-        assign(studio.score.Tempo, leadingNumber(studio.Form3.TempoLabel.text()));
-    };
 }
 
 void Engine::listSurfaces() {
@@ -112,6 +109,7 @@ void Engine::listNames() {
     player.listNames(tables);
     files.listNames(tables);
     midiExport.listNames(tables);
+    setup.listNames(tables);
     startUp.listNames(tables);
     toolbar.listNames(tables);
     menus.listNames(tables);

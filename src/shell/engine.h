@@ -29,6 +29,7 @@
 #include "shell/main_toolbar_commands.h"
 #include "shell/note_test.h"
 #include "shell/popup_menus.h"
+#include "shell/setup_toolbar_commands.h"
 #include "shell/start_up.h"
 
 namespace melvane {
@@ -69,6 +70,7 @@ class Engine {
     Player player;
     ScoreFiles files;
     MidiExport midiExport;
+    SetupToolbarCommands setup;
     StartUp startUp;
     MainToolbarCommands toolbar;
     PopupMenus menus;

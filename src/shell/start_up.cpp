@@ -4,6 +4,7 @@
 
 #include "core/instrument_names.h"
 #include "core/names.h"
+#include "core/setup_channel.h"
 
 namespace melvane {
 
@@ -27,7 +28,7 @@ void StartUp::Form_Load() {
     studio_.form1.SideBar.setVisible(false);
     studio_.form1.Beatbox.setTip("Percussion Tableau");
     setFirstPage();
-    loadSetupToolbar();
+    parts_.setup.Form_Load();  // hidden; the device that it shows is stored
     parts_.channels.setUpLabels();
     surfaces_.DrawSelectorGrid();
     parts_.page.DrawSideBar();
@@ -69,7 +70,7 @@ void StartUp::setFirstTrack() {
     studio_.sounds.ChordStep1 = 3;
     studio_.sounds.ChordStep2 = 7;
     studio_.sounds.ChordStep3 = 12;
-    studio_.Form3.TrackSel[0].set(true);
+    pressChannelButton(studio_, 0);
     studio_.selection.SelStart = studio_.selection.SelEnd = -1;
     studio_.score.Tempo = 100;
     tracks.CurrentTrack = 0;
@@ -91,23 +92,6 @@ void StartUp::setFirstPage() {
     page.LastColumn = 39;
     page.FirstRow = 42;
     assign(page.LastRow, 42 + page.PageRows);
-}
-
-/// The Setup toolbar exists from the start, hidden; loading it stores the device that it shows.
-void StartUp::loadSetupToolbar() {
-    auto& setup = studio_.Form3;
-    setup.Text1.set(std::to_string(studio_.score.NumNotes));
-    parts_.settings.read("Line_Height", Int16{8}, studio_.page.LineHeight);
-    setup.Text3.set(std::to_string(studio_.page.LineHeight));
-    setup.VScroll3.set(studio_.page.LineHeight);
-    setup.TxBeats.set(std::to_string(studio_.score.BeatsPerMeasure));
-    setup.Check1.set(studio_.page.ShowSharpGuides == 1);
-    parts_.output.fillDeviceList(setup.Combo2);
-    studio_.score.Tempo = 100;
-    setup.TempoLabel.set("100");
-    parts_.chords.fillChannelList();
-    setup.LblInst1.set(std::string(instrumentName(studio_.instruments.MelodyInstrument)));
-    setup.LblInst2.set(std::string(instrumentName(studio_.instruments.PercussionInstrument)));
 }
 
 void StartUp::openDevice() {
@@ -179,12 +163,14 @@ void StartUp::Form_Activate() {
 }
 
 void StartUp::Form_Unload() {
+    studio_.shell.Ending = true;
     parts_.output.CloseMidi();
     parts_.score.ClearNoteArrays();
     storePlace(frame_.place());
     parts_.settings.save("Percussion", studio_.form1.Beatbox.visible());
     parts_.files.RemoveMediaFiles();
     toolWindows_.unloadAll();
+    if (studio_.Form3.loaded) parts_.setup.Form_Unload();  // it may never have been shown
     outside_.loop.end();
 }
 

@@ -13,6 +13,7 @@
 #include "midi/panic.h"
 #include "midi/stop_watch.h"
 #include "platform/outside.h"
+#include "shell/setup_toolbar_commands.h"
 
 namespace melvane {
 
@@ -31,6 +32,7 @@ class StartUp {
         MidiOutput& output;
         Panic& panic;
         StopWatches& stopWatches;
+        SetupToolbarCommands& setup;
     };
     StartUp(Studio& studio, Outside& outside, Surfaces& surfaces, MainFrame& frame, ToolWindows& toolWindows,
             Parts parts)
@@ -70,7 +72,6 @@ class StartUp {
     void makeSongsFolder();
     void setFirstPage();
     void setFirstTrack();
-    void loadSetupToolbar();
     void openDevice();
     void placeWindow();
     void readPlace(const char* key, double otherwise, double& value);

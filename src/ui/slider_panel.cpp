@@ -33,16 +33,13 @@ void SliderTrack::resizeEvent(QResizeEvent* event) {
 void SliderTrack::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const SliderScale& scale = control_.scale();
     const double way = width() - pointerWidth;
-    const double fraction =
-        std::clamp(static_cast<double>(control_.number() - scale.first) / scale.steps, 0.0, 1.0);
-    const double x = way * fraction, middle = height() / 2.0;
+    const double x = way * control_.place(), middle = height() / 2.0;
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette::panelEdge);
     painter.drawRoundedRect(QRectF(0, middle - 2, width(), 4), 2, 2);
     painter.setBrush(isEnabled() ? palette::accent : palette::disabledText);
-    const double origin = scale.first < 0 ? way / 2 : 0;
+    const double origin = control_.scale().first < 0 ? way / 2 : 0;
     painter.drawRoundedRect(
         QRectF(std::min(origin, x) + pointerWidth / 2.0, middle - 2, std::abs(x - origin), 4), 2, 2);
     painter.setPen(QPen(hasFocus() ? palette::accent : palette::fieldEdge, hasFocus() ? 2 : 1));
@@ -89,7 +86,7 @@ SliderBox makeSlider(const SliderTexts& texts, SliderControl& slider, TextContro
     track->setObjectName(texts.track);
     track->setAccessibleName(texts.name);
     track->setToolTip(texts.tip);
-    bindState(*track, slider);
+    bindShown(*track, slider, [track] { track->update(); });
     bindShown(*number, value, [number, track, &value] {
         number->setText(QString::fromStdString(value.text()));
         track->update();
