@@ -4,6 +4,7 @@
 
 #include "platform/text.h"
 #include "shell/note_test_window.h"
+#include "shell/setup_toolbar_window.h"
 
 namespace melvane {
 
@@ -27,6 +28,8 @@ void Program::listWindows() {
         panel->useSettings(engine_.settings);
         return panel;
     });
+    toolWindows_.list(ToolWindows::Window::setup, "Form3",
+                      [this] { return new Form3(studio_, engine_, &window_); });
 }
 
 void Program::showHelp() {
@@ -44,8 +47,10 @@ bool Program::mayStart() { return engine_.startUp.IsOsSupported() && !engine_.st
 void Program::start() {
     std::error_code failed;  // without it, only relative names of the user's would lie elsewhere
     std::filesystem::current_path(outside_.directories.program, failed);
+    toolWindows_.holdBack();
     engine_.startUp.Form_Load();
     window_.show();
+    toolWindows_.letGo();
     outside_.loop.Idle();
 }
 

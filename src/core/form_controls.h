@@ -51,6 +51,7 @@ struct SetupControls {
     TextControl TempoLabel{"100"}, TxBeats{"4"};
     SliderControl LblTempo{TempoLabel, {0, 125, 0, 4}}, Lblbeats{TxBeats, {4, 12, 4}};
 
+    TextControl ChannelName;  ///< whose volume and effects the sliders are
     TextControl Label15{"Channel  Volume"}, Label2{"127"};
     TextControl LMod{"0"}, LPan{"64"}, LReverb{"0"}, LChorus{"0"};
     SliderControl lblVolume{Label2, {0, 127, 127}}, LblMod{LMod, {0, 127, 0}}, LblPan{LPan, {-64, 128, 0}},

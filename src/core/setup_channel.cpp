@@ -10,6 +10,12 @@ bool isTrack(int track) { return track >= 0 && track <= lastTrackNumber; }
 
 }  // namespace
 
+std::string channelCaption(int track) {
+    if (track >= 0 && isMelodyTrack(track)) return "Channel " + std::to_string(track + 1);
+    const int percussion = percussionChannel(track);
+    return percussion > 0 ? "Percussion Channel " + std::to_string(percussion) : std::string();
+}
+
 void pressChannelButton(Studio& studio, int track) {
     if (!isTrack(track)) return;
     auto& setup = studio.Form3;
@@ -28,6 +34,7 @@ void showChannelSettings(Studio& studio) {
     auto& setup = studio.Form3;
     const auto at = static_cast<std::size_t>(setup.SetupChannel);
     const ChannelRecord record = studio.tracks.ChannelSettings[at];
+    setup.ChannelName.set(channelCaption(setup.SetupChannel));
     setup.LPan.set(std::to_string(record.Pan));
     setup.LReverb.set(std::to_string(record.Reverb));
     setup.LChorus.set(std::to_string(record.Chorus));

@@ -9,7 +9,11 @@ namespace melvane {
 /// channel cannot be hidden.
 void pressChannelButton(Studio& studio, int track);
 
-/// The numbers of the toolbar's channel beside its effect sliders, and their knobs.
+/// "Channel 1" to "Channel 8", "Percussion Channel 1" to "Percussion Channel 4"; empty for a track that is not
+/// offered.
+std::string channelCaption(int track);
+
+/// The name of the toolbar's channel, the numbers beside its effect sliders, and their knobs.
 void showChannelSettings(Studio& studio);
 
 /// Hides a channel or brings it back: a hidden one cannot be selected.

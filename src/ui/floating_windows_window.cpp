@@ -5,7 +5,7 @@
 namespace melvane {
 
 void FloatingWindows::list(std::optional<Window> kind, std::string name, Make make) {
-    entries_.push_back({kind, std::move(name), std::move(make), nullptr});
+    entries_.push_back({kind, std::move(name), std::move(make), nullptr, false});
 }
 
 QWidget* FloatingWindows::loaded(Window kind) const {
@@ -15,8 +15,31 @@ QWidget* FloatingWindows::loaded(Window kind) const {
     return nullptr;
 }
 
+namespace {
+
+void showBehind(QWidget& window) {
+    window.setAttribute(Qt::WA_ShowWithoutActivating, true);
+    window.show();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+}  // namespace
+
 void FloatingWindows::setShown(Window window, bool shown) {
-    if (QWidget* const widget = loaded(window)) widget->setVisible(shown);
+    QWidget* const widget = loaded(window);
+    if (widget == nullptr) return;
+    if (shown)
+        showBehind(*widget);
+    else
+        widget->hide();
+}
+
+void FloatingWindows::letGo() {
+    heldBack_ = false;
+    for (auto& entry : entries_) {
+        if (entry.window && entry.waits) showBehind(*entry.window);
+        entry.waits = false;
+    }
 }
 
 void FloatingWindows::setEnabled(Window window, bool enabled) {
@@ -27,7 +50,8 @@ bool FloatingWindows::showWindow(const char* name) {
     for (auto& entry : entries_) {
         if (entry.name != name) continue;
         if (!entry.window) entry.window = entry.make();
-        entry.window->show();
+        entry.waits = heldBack_;
+        if (!heldBack_) entry.window->show();
         return true;
     }
     return false;

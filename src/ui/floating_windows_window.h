@@ -19,6 +19,12 @@ class FloatingWindows : public ToolWindows {
     /// they do.
     void list(std::optional<Window> kind, std::string name, Make make);
 
+    /// Until letGo() a window that is asked for waits, because the system keeps it above its owner only when
+    /// that is on the screen before it. It is shown then without taking the focus.
+    void holdBack() { heldBack_ = true; }
+    void letGo();
+
+    /// A window that is shown again does not take the focus.
     void setShown(Window window, bool shown) override;
     void setEnabled(Window window, bool enabled) override;
     bool showWindow(const char* name) override;
@@ -31,10 +37,12 @@ class FloatingWindows : public ToolWindows {
         std::string name;
         Make make;
         QPointer<QWidget> window;
+        bool waits = false;
     };
     QWidget* loaded(Window kind) const;
 
     std::vector<Entry> entries_;
+    bool heldBack_ = false;
 };
 
 }  // namespace melvane

@@ -63,11 +63,29 @@ void bind(QLabel& label, TextControl& text) {
     bindShown(label, text, [&] { label.setText(QString::fromStdString(text.text())); });
 }
 
-void bind(QLineEdit& field, TextControl& text) {
-    bindShown(field, text, [&] {
-        const auto shown = QString::fromStdString(text.text());
-        if (field.text() != shown) field.setText(shown);
+namespace {
+
+void showText(QLineEdit& field, const TextControl& text) {
+    const auto shown = QString::fromStdString(text.text());
+    if (field.text() != shown) field.setText(shown);
+}
+
+}  // namespace
+
+void bindNumber(QLineEdit& field, TextControl& number, std::function<void()> shown) {
+    bindShown(field, number, [&field, &number, shown = std::move(shown)] {
+        showText(field, number);
+        if (shown) shown();
     });
+    QObject::connect(&field, &QLineEdit::textEdited, &field, [&field, &number](const QString& typed) {
+        if (!typed.isEmpty() || !field.hasFocus()) number.userPut(typed.toStdString());
+    });
+    QObject::connect(&field, &QLineEdit::editingFinished, &field,
+                     [&field, &number] { showText(field, number); });
+}
+
+void bind(QLineEdit& field, TextControl& text) {
+    bindShown(field, text, [&] { showText(field, text); });
     QObject::connect(&field, &QLineEdit::textEdited, &field,
                      [&text](const QString& typed) { text.userPut(typed.toStdString()); });
 }

@@ -20,6 +20,10 @@ void bind(QAbstractButton& button, CheckControl& check);
 void bind(QComboBox& list, ListControl& entries);
 void bind(QScrollBar& bar, ScrollControl& scroll);
 
+/// A box for a number, typed in one go: while it is empty under the user's hand nothing is put, and one that
+/// is left empty has its number back. `shown` runs after each change.
+void bindNumber(QLineEdit& field, TextControl& number, std::function<void()> shown = {});
+
 /// The general case: `show` brings the widget to the control's contents; it runs at once and after each
 /// change. Visibility, enabled state and, where the control has one, the tool tip follow by themselves.
 void bindShown(QWidget& widget, Control& control, std::function<void()> show);

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabWidget>
 
 #include "drive/qt_controls.h"
 
@@ -109,6 +110,18 @@ TEST_F(DriveControlsTest, AChoiceInAListRunsItsHandlerEvenWhenItIsTheSame) {
     EXPECT_EQ(read("List4.index"), whole(1));
     EXPECT_EQ(put("Combo3", whole(2)), PutResult::refused);
     EXPECT_EQ(put("Combo3", whole(-1)), PutResult::refused);
+}
+
+TEST_F(DriveControlsTest, PagesAreAListOfTheirTitles) {
+    auto& pages = add<QTabWidget>("SSTab1");
+    pages.addTab(new QWidget, "Setup");
+    pages.addTab(new QWidget, "Sound");
+    EXPECT_EQ(read("SSTab1"), whole(0));
+    EXPECT_EQ(put("SSTab1", whole(1)), PutResult::done);
+    EXPECT_EQ(pages.currentIndex(), 1);
+    EXPECT_EQ(read("SSTab1.count"), whole(2));
+    EXPECT_EQ(read("SSTab1(1)"), text("Sound"));
+    EXPECT_EQ(put("SSTab1", whole(2)), PutResult::refused);
 }
 
 TEST_F(DriveControlsTest, AScrollBarTakesItsRangeOnly) {

@@ -9,7 +9,7 @@ class FloatingWindowsTest : public testing::Test {
     FloatingWindowsTest() {
         windows.list(ToolWindows::Window::setup, "Form3", [this] {
             ++made;
-            return setup = new QWidget(&owner);
+            return setup = new QWidget(&owner, Qt::Tool);
         });
     }
 
@@ -49,6 +49,27 @@ TEST_F(FloatingWindowsTest, AWindowThatIsGoneIsMadeAnew) {
     delete setup;
     EXPECT_TRUE(windows.showWindow("Form3"));
     EXPECT_EQ(made, 2);
+}
+
+TEST_F(FloatingWindowsTest, AWindowHeldBackWaitsForItsOwner) {
+    windows.holdBack();
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_EQ(made, 1);
+    EXPECT_TRUE(setup->isHidden());
+    windows.letGo();
+    EXPECT_FALSE(setup->isHidden());
+    EXPECT_FALSE(setup->testAttribute(Qt::WA_ShowWithoutActivating));
+    setup->hide();
+    windows.letGo();
+    EXPECT_TRUE(setup->isHidden()) << "it waits once";
+}
+
+TEST_F(FloatingWindowsTest, AWindowThatNobodyAskedForIsNotLetGo) {
+    windows.holdBack();
+    windows.letGo();
+    EXPECT_EQ(made, 0);
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_FALSE(setup->isHidden());
 }
 
 }  // namespace melvane::test

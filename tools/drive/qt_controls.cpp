@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSpinBox>
+#include <QTabWidget>
 
 #include "core/controls.h"
 #include "ui/slider_panel.h"
@@ -50,6 +51,7 @@ std::optional<Value> shownBy(const QWidget& widget) {
     if (const auto* slider = qobject_cast<const QAbstractSlider*>(&widget)) return whole(slider->value());
     if (const auto* bar = qobject_cast<const QProgressBar*>(&widget)) return whole(bar->value());
     if (const auto* spin = qobject_cast<const QSpinBox*>(&widget)) return whole(spin->value());
+    if (const auto* pages = qobject_cast<const QTabWidget*>(&widget)) return whole(pages->currentIndex());
     if (const auto* track = qobject_cast<const SliderTrack*>(&widget)) return track->control().shown();
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return text(group->title());
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
@@ -61,6 +63,7 @@ std::optional<Value> shownBy(const QWidget& widget) {
 std::optional<long long> entryCount(const QWidget& widget) {
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return combo->count();
     if (const auto* list = qobject_cast<const QListWidget*>(&widget)) return list->count();
+    if (const auto* pages = qobject_cast<const QTabWidget*>(&widget)) return pages->count();
     return std::nullopt;
 }
 
@@ -68,6 +71,7 @@ std::optional<Value> entryText(const QWidget& widget, int index) {
     const auto count = entryCount(widget);
     if (!count || index < 0 || index >= *count) return std::nullopt;
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return text(combo->itemText(index));
+    if (const auto* pages = qobject_cast<const QTabWidget*>(&widget)) return text(pages->tabText(index));
     return text(qobject_cast<const QListWidget*>(&widget)->item(index)->text());
 }
 
@@ -125,6 +129,8 @@ PutResult choose(QWidget& widget, const Value& value) {
     } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
         list->setCurrentRow(index);
         Q_EMIT list->itemClicked(list->item(index));
+    } else if (auto* pages = qobject_cast<QTabWidget*>(&widget)) {
+        pages->setCurrentIndex(index);
     }
     return PutResult::done;
 }

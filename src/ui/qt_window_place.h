@@ -1,0 +1,15 @@
+#pragma once
+#include <QPoint>
+
+class QWidget;
+
+namespace melvane {
+
+/// Moves a window to a corner, in pixels of the screens, and from there as far as it takes to be wholly on a
+/// screen that exists.
+void placeOnScreen(QWidget& window, QPoint corner);
+
+/// Twips (15 a pixel) as pixels; a place far outside every screen comes back inside their range.
+int pixelsOfTwips(double twips);
+
+}  // namespace melvane
