@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "platform/text.h"
+#include "shell/editing_toolbar_window.h"
 #include "shell/note_test_window.h"
 #include "shell/setup_toolbar_window.h"
 
@@ -30,6 +31,11 @@ void Program::listWindows() {
     });
     toolWindows_.list(ToolWindows::Window::setup, "Form3",
                       [this] { return new Form3(studio_, engine_, &window_); });
+    toolWindows_.list(ToolWindows::Window::editing, "Form2", [this] {
+        auto* const toolbar = new Form2(studio_, engine_.editing, &window_);
+        toolbar->useSettings(engine_.settings);
+        return toolbar;
+    });
 }
 
 void Program::showHelp() {
