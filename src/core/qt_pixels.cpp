@@ -3,14 +3,38 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <span>
 
 namespace melvane {
+
+namespace {
+
+/// The picture that `painter` paints on, when its pixels can be set without the painter.
+QImage* plainPicture(const QPainter& painter) {
+    if (painter.device()->devType() != QInternal::Image || painter.hasClipping()) return nullptr;
+    if (painter.opacity() < 1 || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        return nullptr;
+    auto* const picture = static_cast<QImage*>(painter.device());
+    const bool known = picture->format() == QImage::Format_RGB32 && painter.deviceTransform().isIdentity();
+    return known ? picture : nullptr;
+}
+
+/// `source`, with its alpha in its colours, over what is left of `below`: `rest` of 255.
+QRgb blended(QRgb source, QRgb below, int rest) {
+    const auto share = [rest](int value) { return (value * rest + 127) / 255; };
+    return qRgb(qRed(source) + share(qRed(below)), qGreen(source) + share(qGreen(below)),
+                qBlue(source) + share(qBlue(below)));
+}
+
+}  // namespace
 
 PixelPainter::PixelPainter(QPainter& painter) : painter_(painter), ratio_(painter.deviceTransform().m11()) {
     painter_.save();
     painter_.setRenderHint(QPainter::Antialiasing, false);
     if (ratio_ <= 0) ratio_ = 1;
     painter_.scale(1 / ratio_, 1 / ratio_);
+    kept_ = plainPicture(painter_);
+    if (kept_ != nullptr) pixels_ = kept_->bits();
 }
 
 PixelPainter::~PixelPainter() { painter_.restore(); }
@@ -22,7 +46,25 @@ int PixelPainter::device(int logical) const {
 void PixelPainter::box(int left, int top, int right, int bottom, const QColor& colour) {
     if (right < left || bottom < top) return;
     const int x = device(left), y = device(top);
-    painter_.fillRect(x, y, std::max(1, device(right + 1) - x), std::max(1, device(bottom + 1) - y), colour);
+    const QRect box(x, y, std::max(1, device(right + 1) - x), std::max(1, device(bottom + 1) - y));
+    if (kept_ != nullptr)
+        fill(box.intersected(kept_->rect()), colour);
+    else
+        painter_.fillRect(box, colour);
+}
+
+/// The painter would hand each box of some height to its threads and wait for them, a line of one pixel too.
+void PixelPainter::fill(QRect box, const QColor& colour) const {
+    const QRgb source = qPremultiply(colour.rgba());
+    const int rest = 255 - colour.alpha();
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(pixels_ + y * kept_->bytesPerLine());
+        const std::span<QRgb> stretch(line + box.left(), static_cast<std::size_t>(box.width()));
+        if (rest == 0)
+            std::ranges::fill(stretch, source);
+        else
+            for (QRgb& pixel : stretch) pixel = blended(source, pixel, rest);
+    }
 }
 
 void PixelPainter::framedBox(int left, int top, int right, int bottom, const QColor& fill,

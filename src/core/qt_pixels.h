@@ -45,9 +45,12 @@ class PixelPainter {
 
  private:
     int device(int logical) const;
+    void fill(QRect box, const QColor& colour) const;
 
     QPainter& painter_;
     double ratio_;
+    QImage* kept_ = nullptr;   ///< the picture that is painted on, where its pixels can be set directly
+    uchar* pixels_ = nullptr;  ///< of it
 };
 
 /// Copies the pixels of `area` to `target` at `to`, all in device pixels; what lies outside either is left.
