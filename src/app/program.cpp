@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "platform/text.h"
+#include "shell/editing_toolbar_window.h"
 #include "shell/note_test_window.h"
 
 namespace melvane {
@@ -26,6 +27,11 @@ void Program::listWindows() {
         auto* const panel = new Form5(studio_, engine_.noteTest, &window_);
         panel->useSettings(engine_.settings);
         return panel;
+    });
+    toolWindows_.list(ToolWindows::Window::editing, "Form2", [this] {
+        auto* const toolbar = new Form2(studio_, engine_.editing, &window_);
+        toolbar->useSettings(engine_.settings);
+        return toolbar;
     });
 }
 

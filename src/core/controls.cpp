@@ -14,6 +14,24 @@ std::optional<long long> wholeNumber(const Value& value) {
     return std::nullopt;
 }
 
+namespace {
+
+/// The first `count` characters of a text in UTF-8.
+std::string firstCharacters(std::string text, std::size_t count) {
+    const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+    std::size_t found = 0;
+    const auto end = std::ranges::find_if(text, [&](char byte) { return begins(byte) && ++found > count; });
+    text.erase(end, text.end());
+    return text;
+}
+
+}  // namespace
+
+void TextControl::set(std::string text) {
+    if (longest_ != 0) text = firstCharacters(std::move(text), longest_);
+    if (store(text_, std::move(text))) act();
+}
+
 bool TextControl::userPut(const Value& value) {
     if (const auto* text = std::get_if<std::string>(&value)) {
         set(*text);
@@ -28,6 +46,13 @@ bool CheckControl::userPut(const Value& value) {
     const auto whole = wholeNumber(value);
     if (!whole) return false;
     if (store(value_, *whole != 0 ? 1 : 0)) act();
+    return true;
+}
+
+bool PictureControl::userPut(const Value& value) {
+    const auto whole = wholeNumber(value);
+    if (!whole) return false;
+    if (*whole != 0 && enabled()) act();
     return true;
 }
 

@@ -65,11 +65,12 @@ class Control {
 class TextControl : public Control {
  public:
     TextControl() = default;
-    explicit TextControl(std::string text) : text_(std::move(text)) {}
+    /// `longest` in characters; what is longer is cut. 0 for any length.
+    explicit TextControl(std::string text, std::size_t longest = 0)
+        : text_(std::move(text)), longest_(longest) {}
     const std::string& text() const { return text_; }
-    void set(std::string text) {
-        if (store(text_, std::move(text))) act();
-    }
+    void set(std::string text);
+    std::size_t longest() const { return longest_; }
     Colour backColour() const { return backColour_; }
     void setBackColour(Colour colour) { store(backColour_, colour); }
     Value shown() const override { return text_; }
@@ -77,6 +78,7 @@ class TextControl : public Control {
 
  private:
     std::string text_;
+    std::size_t longest_ = 0;
     Colour backColour_{255, 255, 255};
 };
 
@@ -93,6 +95,22 @@ class CheckControl : public Control {
 
  private:
     int value_ = 0;
+};
+
+/// A picture, or a push button with one on it: art by its name, which a window knows how to draw. A press
+/// runs the handler.
+class PictureControl : public Control {
+ public:
+    PictureControl() = default;
+    explicit PictureControl(std::string picture) : picture_(std::move(picture)) {}
+    const std::string& picture() const { return picture_; }
+    void setPicture(std::string picture) { store(picture_, std::move(picture)); }
+    Value shown() const override { return picture_; }
+    /// 1 presses it.
+    bool userPut(const Value& value) override;
+
+ private:
+    std::string picture_;
 };
 
 /// A list or drop-down. Only the user's choice runs the handler.

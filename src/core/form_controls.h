@@ -2,6 +2,7 @@
 #include <array>
 
 #include "core/controls.h"
+#include "core/editing_controls.h"
 
 /// The controls of the main window and of the Setup toolbar whose contents the engine reads or sets.
 namespace melvane {
@@ -47,16 +48,6 @@ struct SetupControls {
     ListControl Combo2;         ///< MIDI devices, index 0 "MIDI Mapper"
     ListControl Combo3;         ///< chords, without "Single Note"
     std::int32_t SetupChannel = 0;
-};
-
-/// The Editing toolbar, as far as the operations on blocks ask it.
-struct EditingControls {
-    TextControl Text1{"1"};     ///< "Spaces", columns
-    TextControl Text3{"60"};    ///< "Notes", columns
-    TextControl Text4{"12"};    ///< "Repeat", columns
-    TextControl Text5{"12"};    ///< "Beats", columns
-    CheckControl Check1{true};  ///< "Percussion"
-    CheckControl Check2{true};  ///< "Melody"
 };
 
 /// The note test panel: a view of the note under inspection, with a chord list and a volume of its own.

@@ -174,6 +174,14 @@ struct Shell {
     Int16 WindowState = 0;   ///< the last that any window took: 0 normal, 1 minimised, 2 maximised
     bool XPInterface = true;
     bool Form2Open = false, Form3Open = false, RecorderOpen = false, WizardOpen = false;
+    /// Which tool window was the last in front.
+    bool Form2Active = false, Form3Active = false, RecordActive = false, WizActive = false;
+
+    /// `window` is one of the four flags above; the three others are cleared.
+    void markActive(bool Shell::*window) {
+        Form2Active = Form3Active = RecordActive = WizActive = false;
+        this->*window = true;
+    }
 };
 
 struct Studio {

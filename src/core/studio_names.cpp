@@ -178,6 +178,10 @@ void listShell(StateTable& table, Shell& shell) {
     table.add("Form3Open", shell.Form3Open);
     table.add("RecorderOpen", shell.RecorderOpen);
     table.add("WizardOpen", shell.WizardOpen);
+    table.add("Form2Active", shell.Form2Active);
+    table.add("Form3Active", shell.Form3Active);
+    table.add("RecordActive", shell.RecordActive);
+    table.add("WizActive", shell.WizActive);
     table.add("XPInterface", shell.XPInterface);
     table.add("WindowState", shell.WindowState);
 }
@@ -226,15 +230,6 @@ void listMain(ControlTable& table, MainControls& form1) {
     table.add("form1", "Cmd2", form1.Cmd2);
     table.add("form1", "FunctionBut", form1.FunctionBut);
     table.add("form1", "StatusText", form1.StatusText);
-}
-
-void listEditing(ControlTable& table, EditingControls& Form2) {
-    table.add("Form2", "Text1", Form2.Text1);
-    table.add("Form2", "Text3", Form2.Text3);
-    table.add("Form2", "Text4", Form2.Text4);
-    table.add("Form2", "Text5", Form2.Text5);
-    table.add("Form2", "Check1", Form2.Check1);
-    table.add("Form2", "Check2", Form2.Check2);
 }
 
 void listSetup(ControlTable& table, SetupControls& Form3) {
@@ -295,7 +290,7 @@ void listStudio(NameTables& tables, Studio& studio) {
     listShell(tables.state, studio.shell);
     tables.state.add("SetupChannel", studio.Form3.SetupChannel);
     listMain(tables.controls, studio.form1);
-    listEditing(tables.controls, studio.Form2);
+    listEditingControls(tables, studio.Form2);
     listSetup(tables.controls, studio.Form3);
     listTestPanel(tables.controls, studio.Form5);
     tables.controls.add("FrmInst", "LstInstruments", studio.FrmInst.LstInstruments);

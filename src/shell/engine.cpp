@@ -39,6 +39,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
                stopWatches}),
       toolbar(studio, toolWindows, score, channels, files, player, panic, startUp),
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
+      editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
       surfaces_(surfaces) {
     connectControls();
     listNames();
@@ -111,6 +112,7 @@ void Engine::listNames() {
     startUp.listNames(tables);
     toolbar.listNames(tables);
     menus.listNames(tables);
+    editing.listNames(tables);
 }
 
 }  // namespace melvane

@@ -24,6 +24,7 @@
 #include "midi/sounding.h"
 #include "midi/stop_watch.h"
 #include "platform/outside.h"
+#include "shell/editing_toolbar_commands.h"
 #include "shell/instrument_picker.h"
 #include "shell/main_toolbar_commands.h"
 #include "shell/note_test.h"
@@ -70,6 +71,7 @@ class Engine {
     StartUp startUp;
     MainToolbarCommands toolbar;
     PopupMenus menus;
+    EditingToolbarCommands editing;
     NameTables tables;
 
  private:

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/names.h"
+#include "shell/editing_pictures.h"
 
 namespace melvane {
 
@@ -87,6 +88,7 @@ void MainToolbarCommands::pause() {
 void MainToolbarCommands::toggleLoop() {
     auto& loops = studio_.player.LoopSong;
     loops = !loops;
+    showLoopSong(studio_);
     studio_.form1.StatusText.set(loops ? "The song repeats." : "The song plays once.");
 }
 

@@ -4,7 +4,9 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 #include "core/qt_mouse.h"
 #include "core/settings.h"
@@ -182,10 +184,10 @@ void FramedWindow::putTitleButtonsLast() {
     QWidget* first = nullptr;
     QWidget* last = nullptr;
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-        if (titleBar_->isAncestorOf(widget) || widget == titleBar_) continue;
+        const bool reached = (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (titleBar_->isAncestorOf(widget) || !reached) continue;
         last = widget;
-        if (first == nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled())
-            first = widget;
+        if (first == nullptr && widget->isEnabled()) first = widget;
     }
     if (focusWidget() == nullptr && first != nullptr) first->setFocus();
     for (QWidget* const button : titleBar_->buttons()) {
@@ -237,6 +239,18 @@ bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
 // Moving and sizing
 
 bool FramedWindow::placesItself() const { return !QGuiApplication::platformName().startsWith("wayland"); }
+
+void FramedWindow::moveOntoScreen(double left, double top) {
+    const auto pixels = [](double twips) {
+        return qRound(std::clamp(twips / twipsAPixel, -32000.0, 32000.0));
+    };
+    const QPoint corner(pixels(left), pixels(top));
+    const QScreen* const there = QGuiApplication::screenAt(corner);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    const QSize spare = (room.size() - size()).expandedTo(QSize(0, 0));
+    move(std::clamp(corner.x(), room.left(), room.left() + spare.width()),
+         std::clamp(corner.y(), room.top(), room.top() + spare.height()));
+}
 
 void FramedWindow::DragWindow() {
     if (isMaximized() || windowHandle() == nullptr) return;

@@ -41,6 +41,8 @@ class FramedWindow : public QWidget {
     QWidget* client() { return client_; }
     /// Pixels that the edges cover at each side: none while maximised.
     int edgeWidth() const { return isMaximized() ? 0 : frameThickness; }
+    /// Moves the window, kept wholly on a screen that exists; twips (15 a pixel).
+    void moveOntoScreen(double left, double top);
     /// The size with which client() is that large.
     QSize sizeAround(QSize client) const;
 

@@ -38,18 +38,33 @@ QByteArray drawing(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QByteArray disabledDrawing(const QByteArray& resting) {
+    return recoloured(resting, palette::disabledText, QColor(0xB4, 0xB9, 0xBE));
+}
+
 }  // namespace
 
 QIcon icon(const QString& name) {
     const QByteArray resting = drawing(name);
     if (resting.isEmpty()) return {};
     const QByteArray hovered = recoloured(resting, palette::accent.darker(125), palette::accent);
-    const QByteArray disabled = recoloured(resting, palette::disabledText, QColor(0xB4, 0xB9, 0xBE));
+    const QByteArray disabled = disabledDrawing(resting);
     QIcon icon;
     for (const double ratio : ratios) {
         icon.addPixmap(rendered(resting, ratio), QIcon::Normal);
         icon.addPixmap(rendered(hovered, ratio), QIcon::Active);
         icon.addPixmap(rendered(disabled, ratio), QIcon::Disabled);
+    }
+    return icon;
+}
+
+QIcon disabledIcon(const QString& name) {
+    const QByteArray disabled = disabledDrawing(drawing(name));
+    QIcon icon;
+    for (const double ratio : ratios) {
+        for (const auto mode : {QIcon::Normal, QIcon::Active, QIcon::Disabled}) {
+            icon.addPixmap(rendered(disabled, ratio), mode);
+        }
     }
     return icon;
 }

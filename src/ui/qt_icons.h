@@ -8,6 +8,9 @@ namespace melvane {
 /// that there is no drawing for gives an empty icon.
 QIcon icon(const QString& name);
 
+/// The drawing as it looks on something disabled, in every state.
+QIcon disabledIcon(const QString& name);
+
 /// The same drawing in one colour in every state, the filled area included.
 QIcon iconInOneColour(const QString& name, const QColor& colour);
 

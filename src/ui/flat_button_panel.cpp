@@ -1,0 +1,55 @@
+#include "ui/flat_button_panel.h"
+
+#include <QToolButton>
+
+#include "core/editing_controls.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_icons.h"
+
+namespace melvane {
+
+FlatButton::FlatButton(int index, PictureControl& button, PictureControl& picture, const QString& spoken,
+                       QWidget* parent)
+    : QWidget(parent),
+      index_(index),
+      picture_(make("ImgPic", picture, spoken)),
+      button_(make("Cmd2", button, spoken)) {
+    setFixedSize(side, side);
+    // A little above the middle.
+    picture_->setGeometry(static_cast<int>((side - pictureSide) * 0.5),
+                          static_cast<int>((side - pictureSide) * 0.4), pictureSide, pictureSide);
+    picture_->setFocusPolicy(Qt::TabFocus);
+    button_->setGeometry(rect());
+    button_->setFocusPolicy(Qt::NoFocus);
+    button_->setProperty("raised", true);
+    connect(button_, &QToolButton::released, this, &FlatButton::released);
+    for (QToolButton* const part : {picture_, button_}) {
+        connect(part, &QToolButton::clicked, this, &FlatButton::pressed);
+    }
+}
+
+QToolButton* FlatButton::make(const char* array, PictureControl& control, const QString& spoken) {
+    auto* const widget = new QToolButton(this);
+    widget->setObjectName(memberName(array, index_));
+    widget->setIconSize({iconSide, iconSide});
+    widget->setAutoRaise(true);
+    widget->setVisible(control.visible());  // not of itself, once the window is shown
+    bindShown(*widget, control, [widget, &control, spoken] {
+        widget->setIcon(pictureOf(control));
+        widget->setAccessibleName(control.tip().empty() ? spoken : QString::fromStdString(control.tip()));
+    });
+    return widget;
+}
+
+QWidget* FlatButton::picture() const { return picture_; }
+QWidget* FlatButton::button() const { return button_; }
+
+QIcon pictureOf(const PictureControl& control) {
+    QString name = QString::fromStdString(control.picture());
+    const QString disabled = EditingControls::disabledArt;
+    if (!name.endsWith(disabled)) return icon(name);
+    name.chop(disabled.size());
+    return disabledIcon(name);
+}
+
+}  // namespace melvane

@@ -1,0 +1,42 @@
+#pragma once
+#include <QWidget>
+
+#include "core/controls.h"
+
+class QToolButton;
+
+namespace melvane {
+
+/// A flat button: a picture, which the user sees and the keyboard reaches, and a button that lies over it
+/// with the same picture, hidden until the mouse comes near. Which of them is shown is for their controls to
+/// say.
+class FlatButton : public QWidget {
+    Q_OBJECT
+
+ public:
+    static constexpr int side = 36, pictureSide = 28, iconSide = 24;  // pixels
+    /// `index` tells the button's name (Cmd2) and the picture's (ImgPic); `spoken` is what it is called where
+    /// its tip is empty.
+    FlatButton(int index, PictureControl& button, PictureControl& picture, const QString& spoken,
+               QWidget* parent);
+
+    int index() const { return index_; }
+    QWidget* picture() const;
+    QWidget* button() const;
+
+ Q_SIGNALS:
+    void released();  ///< the mouse button came up on it
+    void pressed();   ///< by mouse or keyboard; after released
+
+ private:
+    QToolButton* make(const char* array, PictureControl& control, const QString& spoken);
+
+    int index_;
+    QToolButton* picture_;
+    QToolButton* button_;
+};
+
+/// The drawing that the name of a control's picture stands for.
+QIcon pictureOf(const PictureControl& control);
+
+}  // namespace melvane
