@@ -99,6 +99,7 @@ void EditingPictures::showTool(bool selects) {
     for (std::size_t index = firstEditing; index < buttons.size(); ++index) {
         takePicture(toolbar, index, (selects ? toolbar.ImgPicy : toolbar.ImgPicx)[index]);
         toolbar.ImgPic[index].setEnabled(selects);
+        if (!selects) toolbar.Cmd2[index].setVisible(false);
     }
 }
 

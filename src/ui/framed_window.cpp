@@ -184,10 +184,10 @@ void FramedWindow::putTitleButtonsLast() {
     QWidget* first = nullptr;
     QWidget* last = nullptr;
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-        const bool reached = (widget->focusPolicy() & Qt::TabFocus) != 0;
-        if (titleBar_->isAncestorOf(widget) || !reached) continue;
+        if (titleBar_->isAncestorOf(widget) || widget == titleBar_) continue;
         last = widget;
-        if (first == nullptr && widget->isEnabled()) first = widget;
+        if (first == nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled())
+            first = widget;
     }
     if (focusWidget() == nullptr && first != nullptr) first->setFocus();
     for (QWidget* const button : titleBar_->buttons()) {
