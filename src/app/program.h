@@ -42,7 +42,6 @@ class Program {
     form1 window_;
     Engine engine_;
     void showHelp();
-    void listWindows();
 
     FrmInst picker_;
     Frmmenu menus_;

@@ -35,6 +35,24 @@ constexpr std::array<Button, EditingControls::buttons> buttons{
      {"insert_spaces", "Insert # Space(s) "},
      {"duplicate", "Duplicate notes"}}};
 
+struct IdleButton {
+    PictureControl& button;
+    const char* picture;
+    const char* tip;
+};
+
+/// What is drawn and has no action.
+void setUpIdleButtons(EditingControls& toolbar) {
+    const IdleButton idle[] = {{toolbar.TransposeBut[0], "transpose_up", "Move All Notes Up One"},
+                               {toolbar.TransposeBut[1], "transpose_down", "Move All Notes Down One"},
+                               {toolbar.Command7, "copy_notes", "Copy notes"}};
+    for (const auto& [button, picture, tip] : idle) {
+        button.setPicture(picture);
+        button.setTip(tip);
+        button.setEnabled(false);
+    }
+}
+
 void takePicture(EditingControls& toolbar, std::size_t index, const PictureControl& art) {
     toolbar.ImgPic[index].setPicture(art.picture());
     toolbar.Cmd2[index].setPicture(art.picture());
@@ -60,6 +78,7 @@ EditingPictures::EditingPictures(Studio& studio) : studio_(studio) {
     toolbar.ImgLoop[2].setPicture("loop_off");
     toolbar.Imgup.setPicture("tool_draw");
     toolbar.Imgdown.setPicture("tool_select");
+    setUpIdleButtons(toolbar);
     for (std::size_t index = EditingControls::firstButton; index < buttons.size(); ++index) {
         const auto& [picture, tip] = buttons[index];
         for (auto* const control : {&toolbar.Cmd2[index], &toolbar.ImgPic[index]}) {

@@ -23,12 +23,6 @@ EditingToolbarCommands::EditingToolbarCommands(Studio& studio, Parts parts)
         const auto at = static_cast<std::size_t>(index);
         toolbar.Cmd2[at].acted = [this, index] { Cmd2_Click(index); };
     }
-    toolbar.TransposeBut[0].setTip("Move All Notes Up One");
-    toolbar.TransposeBut[1].setTip("Move All Notes Down One");
-    toolbar.Command7.setTip("Copy notes");
-    for (auto* const idle : {&toolbar.TransposeBut[0], &toolbar.TransposeBut[1], &toolbar.Command7}) {
-        idle->setEnabled(false);
-    }
     pictures.hideButtons();
     showTool(false);
 }

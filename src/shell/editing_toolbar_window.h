@@ -30,12 +30,8 @@ class Form2 : public FramedWindow {
  private:
     QFrame* makeScoreButtons();
     QFrame* makeEditingButtons();
-    QFrame* makeFields();
-    QWidget* makeSpaces(QWidget* parent);
-    QWidget* makeDuplication(QWidget* parent);
     void addButtons(QBoxLayout& row, std::initializer_list<int> indices);
-    void addField(QBoxLayout& row, std::size_t label, const char* name, TextControl& text);
-    void addBar(QBoxLayout& row, const char* name, ScrollControl& bar, const TextControl& text);
+    QWidget* makeButton(int index);
     bool handleMove(const QObject& watched);
     void tellPlace();
 

@@ -44,6 +44,19 @@ QToolButton* FlatButton::make(const char* array, PictureControl& control, const 
 QWidget* FlatButton::picture() const { return picture_; }
 QWidget* FlatButton::button() const { return button_; }
 
+QWidget* makeIdleButton(const QString& name, PictureControl& control, QWidget* parent) {
+    auto* const button = new QToolButton(parent);
+    button->setObjectName(name);
+    button->setIconSize({FlatButton::iconSide, FlatButton::iconSide});
+    button->setFixedSize(FlatButton::side, FlatButton::side);
+    button->setAutoRaise(true);
+    bindShown(*button, control, [button, &control] {
+        button->setIcon(pictureOf(control));
+        button->setAccessibleName(QString::fromStdString(control.tip()));
+    });
+    return button;
+}
+
 QIcon pictureOf(const PictureControl& control) {
     QString name = QString::fromStdString(control.picture());
     const QString disabled = EditingControls::disabledArt;

@@ -36,6 +36,9 @@ class FlatButton : public QWidget {
     QToolButton* button_;
 };
 
+/// A button of the same size that is drawn and does nothing.
+QWidget* makeIdleButton(const QString& name, PictureControl& control, QWidget* parent);
+
 /// The drawing that the name of a control's picture stands for.
 QIcon pictureOf(const PictureControl& control);
 
