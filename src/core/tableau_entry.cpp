@@ -143,12 +143,12 @@ void TableauEntry::Beatbox_MouseUp(int button, int, double X, double Y) {
     if (button == mouse::right) enlarge(Y);
     if (!studio_.drag.MouseIsDown) return;
     studio_.drag.MouseIsDown = false;
-    if (studio_.form1.Check4.ticked()) {
-        parts_.sounder.reset();
-    } else if (button == mouse::left) {
-        if (studio_.selection.EditMode == edit_mode::draw) finishBeat(X);
-        if (studio_.selection.EditMode == edit_mode::select) parts_.selecting.releaseOnTableau(X);
-    }
+    const bool test = studio_.form1.Check4.ticked();
+    if (test) parts_.sounder.reset();
+    if (button != mouse::left) return;
+    if (studio_.selection.EditMode == edit_mode::draw && !test) finishBeat(X);
+    // The press has begun a selection whether or not notes are only tested.
+    if (studio_.selection.EditMode == edit_mode::select) parts_.selecting.releaseOnTableau(X);
 }
 
 /// The only way to make room for more rows.

@@ -98,13 +98,15 @@ void MainToolbarCommands::aroundDialog(void (ScoreFiles::*command)()) {
     setToolWindows(true);
 }
 
+/// One that had the focus counts as closed while it is hidden, and comes back all the same.
 void MainToolbarCommands::setToolWindows(bool shown) {
     using Window = ToolWindows::Window;
+    constexpr std::array kinds{Window::editing, Window::setup, Window::recorder, Window::tutorial};
     const auto& shell = studio_.shell;
-    if (shell.Form2Open) toolWindows_.setShown(Window::editing, shown);
-    if (shell.Form3Open) toolWindows_.setShown(Window::setup, shown);
-    if (shell.RecorderOpen) toolWindows_.setShown(Window::recorder, shown);
-    if (shell.WizardOpen) toolWindows_.setShown(Window::tutorial, shown);
+    if (!shown) setAside_ = {shell.Form2Open, shell.Form3Open, shell.RecorderOpen, shell.WizardOpen};
+    for (std::size_t at = 0; at < kinds.size(); ++at) {
+        if (setAside_[at]) toolWindows_.setShown(kinds[at], shown);
+    }
 }
 
 void MainToolbarCommands::listNames(NameTables& tables) {

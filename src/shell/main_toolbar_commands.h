@@ -1,4 +1,5 @@
 #pragma once
+#include <array>
 #include <functional>
 
 #include "core/channel_selection.h"
@@ -43,7 +44,7 @@ class MainToolbarCommands {
     /// Whether a playback begins anew at its end; told in the status text.
     void toggleLoop();
 
-    /// Hides the open tool windows, or shows them again.
+    /// Hides the open tool windows, or shows those again.
     void setToolWindows(bool shown);
 
     void listNames(NameTables& tables);
@@ -67,6 +68,7 @@ class MainToolbarCommands {
     Player& player_;
     Panic& panic_;
     StartUp& startUp_;
+    std::array<bool, 4> setAside_{};  ///< the tool windows that were hidden last
 };
 
 }  // namespace melvane

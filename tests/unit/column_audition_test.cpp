@@ -49,5 +49,54 @@ TEST_F(ColumnAuditionTest, StoppingAColumnEndsTheNotesOfTheOpenTracksThatAreShow
     EXPECT_EQ(std::ranges::count(heard, "reset"), 0) << "the gestures silence the rest";
 }
 
+TEST_F(ColumnAuditionTest, ThePressOnALaterPageStopsItsOwnColumn) {
+    write(0, 105, 50, 1, 9);
+    write(0, 5, 60, 1, 9);
+    studio.page.FirstColumn = 100;
+    studio.drag.PressColumn = 5;
+    sent();
+    engine.audition.StopColumnNotes();
+    const auto heard = sent();
+    ASSERT_FALSE(heard.empty());
+    EXPECT_EQ(heard.back().substr(0, 5), "80 4D");
+}
+
+TEST_F(ColumnAuditionTest, ANoteOnRowZeroIsNotStopped) {
+    write(0, 5, 0, 1, 9);
+    studio.drag.PressColumn = 5;
+    sent();
+    engine.audition.StopColumnNotes();
+    EXPECT_EQ(sent(), std::vector<std::string>{});
+}
+
+TEST_F(ColumnAuditionTest, TheLastSelectedColumnTakesTheInstrumentToo) {
+    write(0, 2, 50, 4, 5);
+    selection.SelStart = 2;
+    selection.SelEnd = 4;
+    studio.instruments.MelodyInstrument = 40;
+    studio.tracks.LastTrack = 3;
+    engine.instruments.Command9_Click();
+    EXPECT_EQ(studio.score.InstArray.get(0, 4, 0), 40);
+    EXPECT_EQ(studio.score.InstArray.get(0, 5, 0), 5);
+    EXPECT_EQ(studio.tracks.LastTrack, 0);
+}
+
+TEST_F(ColumnAuditionTest, APercussionTrackTakesThePercussionInstrument) {
+    write(8, 2, 50, 1, 130);
+    studio.tracks.CurrentTrack = 8;
+    selection.SelStart = selection.SelEnd = 2;
+    studio.instruments.MelodyInstrument = 40;
+    studio.instruments.PercussionInstrument = 140;
+    engine.instruments.Command9_Click();
+    EXPECT_EQ(studio.score.InstArray.get(8, 2, 0), 140);
+    EXPECT_EQ(studio.tracks.TrackInstrument[8], 140);
+}
+
+TEST_F(ColumnAuditionTest, ChoosingATrackGivesItItsInstrument) {
+    studio.instruments.MelodyInstrument = 41;
+    engine.channels.TrackSel_Click(2);
+    EXPECT_EQ(studio.tracks.TrackInstrument[2], 41);
+}
+
 }  // namespace
 }  // namespace melvane::test

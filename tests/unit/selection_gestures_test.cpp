@@ -159,12 +159,34 @@ TEST_F(SelectionGesturesTest, ThePositionToolKeepsTheSelection) {
     EXPECT_EQ(state(), (State{4, 9, 15}));
     EXPECT_EQ(taken(), Lines{"DrawNoteArray"});
     int menus = 0;
-    engine.entry.openMenu = [&](auto) { ++menus; };
+    engine.entry.openMenu = [&](auto closed) {
+        ++menus;
+        if (closed) closed();
+    };
     press(20, right);
     EXPECT_EQ(menus, 1);
     EXPECT_EQ(state(), (State{4, 9, 15}));
     press(22, middle);
     EXPECT_EQ(state(), (State{4, 9, 15}));
+}
+
+TEST_F(SelectionGesturesTest, ThePositionCountsFromTheScoresStart) {
+    selection.EditMode = position;
+    studio.page.FirstColumn = 100;
+    press(4);
+    release(4);
+    EXPECT_EQ(selection.InsertPosition, 104);
+    pressTableau(6);
+    EXPECT_EQ(selection.InsertPosition, 106);
+}
+
+TEST_F(SelectionGesturesTest, ASelectionOnTheTableauIsWholeWithTheStaticTestToo) {
+    studio.tracks.CurrentTrack = 8;
+    studio.form1.Check4.set(true);
+    dragOnTableau(6, 8);
+    EXPECT_EQ(selection.SelStart, 6);
+    EXPECT_EQ(selection.SelEnd, 8);
+    EXPECT_EQ(studio.score.noteCell(8, 6), -1);
 }
 
 TEST_F(SelectionGesturesTest, AnyButtonPlacesThePositionOnTheTableau) {

@@ -95,6 +95,17 @@ TEST_F(SetupToolbarTest, LosingTheFocusClosesItOnlyWhenItIsNoLongerOnTheScreen) 
     EXPECT_FALSE(studio.shell.Form3Open);
 }
 
+TEST_F(SetupToolbarTest, OutOfTheWayOfADialogItComesBackAlthoughItHadTheFocus) {
+    start();
+    engine.setup.Form_Activate();
+    toolWindows.calls.clear();
+    engine.toolbar.setToolWindows(false);
+    studio.Form3.shown = false;
+    engine.setup.Form_LostFocus();
+    engine.toolbar.setToolWindows(true);
+    EXPECT_EQ(toolWindows.calls, (Lines{"hide 1", "show 1"}));
+}
+
 TEST_F(SetupToolbarTest, ClosingItStoresWhatOutlivesIt) {
     start();
     engine.setup.Form_Activate();
