@@ -144,10 +144,13 @@ TEST_F(QtEventLoopTest, ATimerCallsUntilItIsStopped) {
     int calls = 0;
     const int id = loop.startTimer(1, [&] { ++calls; });
     EXPECT_GT(id, 0);
-    loop.waitFor([&] { return calls == 3; });
+    // A busy machine may serve more than one call before the wait is asked whether it is over.
+    loop.waitFor([&] { return calls >= 3; });
     loop.stopTimer(id);
+    const int whenStopped = calls;
+    EXPECT_GE(whenStopped, 3);
     loop.waitUntil(in(10));
-    EXPECT_EQ(calls, 3);
+    EXPECT_EQ(calls, whenStopped);
     loop.stopTimer(id);
     loop.stopTimer(12345);
 }
