@@ -24,6 +24,12 @@ constexpr const char* screen =
 
 constexpr std::int64_t settlingMilliseconds = 300;  // for what the windows post to themselves at the start
 
+/// What a screen that nobody sees cannot do is no news.
+void say(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::cerr << text.toStdString() << '\n';
+}
+
 int complain(const std::string& text) {
     std::cerr << "melvane: " << text << '\n';
     return 1;
@@ -36,6 +42,7 @@ void useScreenWithoutDisplay() {
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         if (!qEnvironmentVariableIsEmpty(name)) return;
     }
+    qInstallMessageHandler(say);
     const std::string file = folder.filePath(QStringLiteral("screen.json")).toStdString();
     if (writeFileWhole(file, screen)) return;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
