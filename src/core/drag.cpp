@@ -4,7 +4,18 @@
 
 namespace melvane {
 
-int pageColumn(double X) { return static_cast<int>(std::clamp(X, -1e6, 1e6) / Page::columnWidth); }
+namespace {
+
+constexpr double farthestCell = 30000;  // which every position of a drag can hold, and no score has
+
+}  // namespace
+
+int cellAt(double pixels, int cellPixels) {
+    const double farthest = farthestCell * cellPixels;
+    return static_cast<int>(std::clamp(pixels, -farthest, farthest) / cellPixels);
+}
+
+int pageColumn(double X) { return cellAt(X, Page::columnWidth); }
 
 void noteColumnUnderMouse(Studio& studio, double X) {
     assign(studio.sounds.NoteColumn, studio.page.FirstColumn + pageColumn(X));

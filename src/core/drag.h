@@ -27,8 +27,11 @@ using OpenMenu = std::function<void(std::function<void()> closed)>;
 void openMenuOrGoOn(const OpenMenu& open, std::function<void()> closed);
 inline constexpr int rightMargin = 24;  ///< pixels; a drag in it scrolls
 
-/// The column of the page in which X lies, in pixels from its left edge; far outside, the nearest million
-/// pixels count.
+/// The cell of a surface in which a pixel lies, both counted from its edge and the cells `cellPixels` (above
+/// 0) wide or high. Far outside, a cell that lies outside every score too.
+int cellAt(double pixels, int cellPixels);
+
+/// The column of the page in which X lies.
 int pageColumn(double X);
 
 /// NoteColumn takes the absolute column under the mouse.

@@ -50,7 +50,7 @@ void NoteEntry::takeFocusBack() {
 void NoteEntry::setDragCell(double X, double Y) {
     auto& drag = studio_.drag;
     assign(drag.DragColumn, pageColumn(X));
-    if (studio_.page.LineHeight != 0) assign(drag.DragRow, std::trunc(Y / studio_.page.LineHeight));
+    if (studio_.page.LineHeight > 0) assign(drag.DragRow, cellAt(Y, studio_.page.LineHeight));
     assign(studio_.sounds.NoteColumn, column());
 }
 

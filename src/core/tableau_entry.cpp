@@ -16,7 +16,7 @@ namespace {
 constexpr int firstPercussionTrack = 8;
 constexpr int tallestTableau = 10000;  // pixels
 
-int tableauRow(double Y) { return static_cast<int>(std::clamp(Y, -1e6, 1e6) / Page::tableauRow); }
+int tableauRow(double Y) { return cellAt(Y, Page::tableauRow); }
 
 }  // namespace
 

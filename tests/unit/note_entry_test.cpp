@@ -1,46 +1,7 @@
-#include "program_fixture.h"
-
-#include <random>
+#include "note_entry_fixture.h"
 
 namespace melvane::test {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-constexpr int left = 1, right = 2;
-
-class NoteEntryTest : public ProgramTest {
- protected:
-    void SetUp() override {
-        start();
-        studio.form1.MusicBox.setWidth(12 * 42);
-        first = studio.page.FirstRow;
-        surfaces.calls.clear();
-    }
-    /// The middle of a cell of the page.
-    static double x(int column) { return column * 12 + 6; }
-    double y(int row) const { return row * studio.page.LineHeight + studio.page.LineHeight / 2.0; }
-    void press(int column, int row, int button = left) {
-        engine.entry.MusicBox_MouseDown(button, 0, x(column), y(row));
-    }
-    void move(int column, int row, int button = left) {
-        engine.entry.MusicBox_MouseMove(button, 0, x(column), y(row));
-    }
-    void release(int column, int row, int button = left) {
-        engine.entry.MusicBox_MouseUp(button, 0, x(column), y(row));
-    }
-    void draw(int column, int lastColumn, int row) {
-        press(column, row);
-        move(lastColumn, row);
-        release(lastColumn, row);
-    }
-    std::vector<int> cells(int track, int from, int to) const {
-        std::vector<int> found;
-        for (int column = from; column <= to; ++column) found.push_back(studio.score.noteCell(track, column));
-        return found;
-    }
-    int first = 0;
-};
 
 TEST_F(NoteEntryTest, APressSoundsADragShowsAndTheReleaseWrites) {
     press(2, 3);
@@ -210,30 +171,6 @@ TEST_F(NoteEntryTest, TheInsertionMarkerFollowsThePress) {
     EXPECT_EQ(studio.selection.InsertPosition, 7);
 }
 
-TEST_F(NoteEntryTest, InspectingTellsTheColumn) {
-    draw(2, 3, 25);
-    EXPECT_EQ(studio.form1.LblNote.text(), "4");
-    engine.selector.Pic2a_MouseDown(left, 0, 30, 5);
-    EXPECT_EQ(studio.form1.LblNote.text(), "3");
-    EXPECT_EQ(studio.form1.Label5.text(), "3-C");
-    EXPECT_EQ(studio.form1.LblInst.text(), "Nylon Guitar");
-    EXPECT_EQ(studio.form1.Label7.text(), "1 note: 5C ");
-    studio.score.ModArray.set(0, 11, 5);
-    engine.selector.Pic2a_MouseDown(left, 0, 10 * 12, 5);
-    EXPECT_EQ(studio.form1.Label5.text(), "Blank Note");
-    EXPECT_EQ(studio.score.ModArray.get(0, 11, 9), 0);
-}
-
-TEST_F(NoteEntryTest, ASweepOfTheSelectorWritesEveryColumn) {
-    draw(2, 3, 25);
-    studio.form1.vol3.set("44");
-    engine.selector.Pic2a_MouseDown(right, 0, 24, 5);
-    engine.selector.Pic2a_MouseMove(right, 0, 36, 5);
-    engine.selector.Pic2a_MouseMove(right, 0, 48, 5);
-    for (int column : {3, 4, 5}) EXPECT_EQ(studio.score.VolumeArray.get(0, column, 0), 44);
-    EXPECT_EQ(studio.score.VolumeArray.get(0, 6, 0), 127);
-}
-
 TEST_F(NoteEntryTest, ABeatSoundsItsInstrumentAndKeepsItsLane) {
     engine.tableau.Beatbox_MouseDown(left, 0, 30, 14);
     EXPECT_EQ(sent().back(), "99 23 7F");
@@ -262,54 +199,6 @@ TEST_F(NoteEntryTest, ARightReleaseEnlargesTheTableauAndEndsTheDrag) {
     EXPECT_EQ(studio.form1.Beatbox.height(), 82);
     EXPECT_EQ(studio.score.noteCell(8, 2), -1);
     EXPECT_FALSE(studio.drag.MouseIsDown);
-}
-
-TEST_F(NoteEntryTest, ABlankLosesOnlyItsOwnStaleEffects) {
-    write(0, 5, 60);
-    studio.score.ReverbArray.set(0, 5, 9);
-    studio.score.ChorusArray.set(0, 5, 9);
-    studio.score.ReverbArray.set(0, 6, 7);
-    engine.selector.Pic2a_MouseDown(left, 0, 4 * 12, 5);
-    EXPECT_EQ(studio.score.ReverbArray.get(0, 5, 9), 0);
-    EXPECT_EQ(studio.score.ChorusArray.get(0, 5, 9), 0);
-    EXPECT_EQ(studio.score.noteCell(0, 5), 60);
-    EXPECT_EQ(studio.score.ReverbArray.get(0, 6, 0), 7);
-    EXPECT_EQ(studio.form1.Picture10[2].value(), 0);
-    engine.selector.Pic2a_MouseDown(left, 0, 5 * 12, 5);
-    EXPECT_EQ(studio.form1.Picture10[2].value(), 7);
-}
-
-TEST_F(NoteEntryTest, ARightPressOnTheSelectorWritesEverythingOfANote) {
-    write(0, 5, 60, 2);
-    studio.form1.Combo3.set(4);
-    studio.instruments.MelodyInstrument = 33;
-    for (int column : {5, 6}) {
-        engine.selector.Pic2a_MouseDown(right, 0, column * 12, 5);
-        EXPECT_EQ(studio.score.InstArray.get(0, column, 0), 33);
-        EXPECT_EQ(studio.score.chordOf(0, column), 4);
-        EXPECT_EQ(studio.score.PanArray.get(0, column + 1, 0), 65);
-    }
-    EXPECT_EQ(studio.form1.LblInst.text(), "Finger Electric Bass");
-    engine.channels.Label8_Click(8);
-    studio.form1.Label7.set("before");
-    engine.selector.Pic2a_MouseDown(right, 0, 5 * 12, 5);
-    EXPECT_EQ(studio.score.InstArray.get(8, 5, 0), 128);
-    EXPECT_EQ(studio.form1.LblInst.text(), "Acoustic Bass Drum");
-    EXPECT_EQ(studio.form1.Label7.text(), "");
-}
-
-TEST_F(NoteEntryTest, TheInspectedChannelShowsItsOwnColour) {
-    engine.tableau.Beatbox_MouseDown(left, 0, 30, 14);
-    engine.tableau.Beatbox_MouseUp(left, 0, 30, 14);
-    engine.selector.Pic2a_MouseDown(left, 0, 30, 5);
-    EXPECT_EQ(studio.form1.LblTrk.text(), "9");
-    EXPECT_EQ(studio.form1.LblTrk.backColour(), (Colour{192, 0, 192}));
-}
-
-TEST_F(NoteEntryTest, AColumnOutsideTheScoreIsABlank) {
-    engine.selector.Pic2a_MouseDown(left, 0, 2000 * 12, 5);
-    EXPECT_EQ(studio.form1.Label5.text(), "Blank Note");
-    EXPECT_EQ(studio.form1.LblVol.text(), "127");
 }
 
 TEST_F(NoteEntryTest, APressOutsideTheGridLeavesOlderNotesWhole) {
@@ -378,133 +267,6 @@ TEST_F(NoteEntryTest, ADragDrawnToTheSameColumnTwiceIsSkipped) {
     EXPECT_EQ(surfaces.count("bar 2 6 9"), 0U);
     move(5, 9);
     EXPECT_EQ(surfaces.count("bar 2 5 9"), 1U);
-}
-
-TEST_F(NoteEntryTest, ASliderFollowsTheMouseWhileItIsHeld) {
-    auto& sliders = engine.sliders;
-    studio.form1.LblMod.trackWidth = 137;
-    studio.form1.LblPan.trackWidth = 138;
-    sliders.move(PanelSliders::modulation, left, 100);
-    EXPECT_EQ(studio.form1.T1.text(), "0");
-    sliders.press(PanelSliders::modulation);
-    sliders.move(PanelSliders::modulation, left, 105);
-    EXPECT_EQ(studio.form1.T1.text(), "101");
-    sliders.move(PanelSliders::modulation, left, -5);
-    EXPECT_EQ(studio.form1.T1.text(), "1");
-    sliders.move(PanelSliders::modulation, left, 500);
-    EXPECT_EQ(studio.form1.T1.text(), "128");
-    sliders.move(PanelSliders::modulation, right, 50);
-    EXPECT_EQ(studio.form1.T1.text(), "0");
-    sliders.release(PanelSliders::modulation);
-    sliders.move(PanelSliders::modulation, left, 50);
-    EXPECT_EQ(studio.form1.T1.text(), "0");
-    sliders.press(PanelSliders::pan);
-    sliders.move(PanelSliders::pan, left, 5);
-    EXPECT_EQ(studio.form1.T2.text(), "-63");
-    sliders.move(PanelSliders::pan, left, 500);
-    EXPECT_EQ(studio.form1.T2.text(), "65");
-    sliders.rest(PanelSliders::pan);
-    EXPECT_EQ(studio.form1.T2.text(), "1");
-}
-
-TEST_F(NoteEntryTest, APointerStandsWhereItsNumberSays) {
-    auto& pan = studio.form1.LblPan;
-    pan.trackWidth = 138;
-    pan.pointerWidth = 10;
-    const auto place = [&pan] { return pan.pointer.shown(); };
-    studio.form1.T2.set("-63");
-    EXPECT_EQ(place(), Value(0LL));
-    studio.form1.T2.set("1");
-    EXPECT_EQ(place(), Value(64LL));
-    studio.form1.T2.set("65");
-    EXPECT_EQ(place(), Value(128LL));
-    EXPECT_TRUE(pan.pointer.userPut(Value(100LL)));
-    EXPECT_EQ(studio.form1.T2.text(), "37");
-    for (const long long beyond : {-1LL, 129LL}) EXPECT_FALSE(pan.pointer.userPut(Value(beyond)));
-    for (const long long beyond : {-64LL, 66LL}) EXPECT_FALSE(pan.userPut(Value(beyond)));
-    EXPECT_EQ(studio.form1.T2.text(), "37");
-    pan.trackWidth = 5;
-    EXPECT_EQ(place(), Value(0LL)) << "a track narrower than its pointer";
-}
-
-TEST_F(NoteEntryTest, ASliderStepsInsideItsRange) {
-    engine.sliders.step(PanelSliders::volume, 1);
-    EXPECT_EQ(studio.form1.vol3.text(), "127");
-    engine.sliders.step(PanelSliders::volume, -2);
-    EXPECT_EQ(studio.form1.vol3.text(), "125");
-    engine.sliders.step(PanelSliders::reverb, -1);
-    EXPECT_EQ(studio.form1.T3.text(), "0");
-    engine.sliders.step(PanelSliders::reverb, 1);
-    EXPECT_EQ(studio.form1.T3.text(), "1");
-}
-
-/// A continuation follows a start or a continuation of its own row.
-void expectInvariants(const Score& score) {
-    for (int track = 0; track <= lastTrackNumber; ++track) {
-        const auto row = score.NoteArray.row(track);
-        for (std::size_t column = 0; column < row.size(); ++column) {
-            if (!cell::isContinuation(row[column])) continue;
-            ASSERT_GT(column, 0U) << "track " << track;
-            ASSERT_FALSE(cell::isEmpty(row[column - 1])) << "track " << track << " column " << column;
-            ASSERT_EQ(cell::row(row[column]), cell::row(row[column - 1]))
-                << "track " << track << " column " << column;
-        }
-    }
-}
-
-TEST_F(NoteEntryTest, AnyGesturesKeepTheInvariantsOfTheScore) {
-    std::mt19937 random(7);
-    const auto pick = [&](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
-    engine.score.resizeGrids(120);
-    engine.score.ClearAll();
-    engine.page.Form_Resize();
-    for (int gesture = 0; gesture < 100000; ++gesture) {
-        const double X = pick(-40, 560), Y = pick(-40, 700);
-        const int button = 1 << pick(0, 2);
-        switch (pick(0, 14)) {
-            case 0:
-            case 1:
-                engine.entry.MusicBox_MouseDown(button, 0, X, Y);
-                break;
-            case 2:
-            case 3:
-            case 4:
-                engine.entry.MusicBox_MouseMove(pick(0, 7), 0, X, Y);
-                break;
-            case 5:
-            case 6:
-                engine.entry.MusicBox_MouseUp(button, 0, X, Y);
-                break;
-            case 7:
-                engine.tableau.Beatbox_MouseDown(button, 0, X, Y);
-                break;
-            case 8:
-                engine.tableau.Beatbox_MouseMove(pick(0, 7), 0, X, Y);
-                break;
-            case 9:
-                engine.tableau.Beatbox_MouseUp(button, 0, X, Y);
-                break;
-            case 10:
-                engine.channels.Label8_Click(pick(-1, 13));
-                break;
-            case 11:
-                studio.form1.HScroll1.set(pick(0, 120));
-                break;
-            case 12:
-                studio.selection.EditMode = static_cast<Int16>(pick(0, 2));
-                break;
-            case 13:
-                studio.selection.RightClickMode = static_cast<Int16>(pick(0, 2));
-                break;
-            default:
-                engine.selector.Pic2a_MouseDown(button, 0, X, Y);
-                break;
-        }
-        if (gesture % 100 == 0) surfaces.calls.clear();
-        expectInvariants(studio.score);
-        if (HasFatalFailure()) FAIL() << "after gesture " << gesture;
-    }
-    port.log().take();
 }
 
 }  // namespace
