@@ -117,7 +117,8 @@ void FrmInst::keyPressEvent(QKeyEvent* event) {
             return picker_.CmdCancel_Click();
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return LstInstruments2_->hasFocus() ? picker_.LstInstruments2_DblClick() : picker_.CmdOk_Click();
+            return focusWidget() == LstInstruments2_ ? picker_.LstInstruments2_DblClick()
+                                                     : picker_.CmdOk_Click();
         default:
             QWidget::keyPressEvent(event);
     }
