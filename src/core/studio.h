@@ -8,6 +8,7 @@
 
 #include "core/form_controls.h"
 #include "core/grid.h"
+#include "core/keyboard_controls.h"
 #include "core/midi_export_state.h"
 #include "core/note_names.h"
 #include "core/numbers.h"
@@ -205,6 +206,7 @@ struct Studio {
     Sounds sounds;
     Playback player;
     MidiExportState midiExport;
+    Keyboard keyboard;
     Shell shell;
     MainControls form1;
     EditingControls Form2;
@@ -212,6 +214,7 @@ struct Studio {
     TestPanelControls Form5;
     PickerControls FrmInst;
     MenuControls Frmmenu;
+    KeyboardControls frmsynth;
 
     /// Whether the Setup toolbar's switch hides `track`; a track without a switch is not hidden.
     bool isHidden(int track) const {

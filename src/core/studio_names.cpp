@@ -1,5 +1,7 @@
 #include "core/studio_names.h"
 
+#include "core/keyboard_names.h"
+
 namespace melvane {
 
 namespace {
@@ -327,6 +329,7 @@ void listStudio(NameTables& tables, Studio& studio) {
     listShell(tables.state, studio.shell);
     tables.state.add("SetupChannel", studio.Form3.SetupChannel);
     listMain(tables.controls, studio.form1);
+    listKeyboard(tables, studio);
     listEditingControls(tables, studio.Form2);
     listSetup(tables.controls, studio.Form3);
     listTestPanel(tables.controls, studio.Form5);

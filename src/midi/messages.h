@@ -30,6 +30,8 @@ constexpr Word modulation(int value, int channel) { return detail::controller(va
 constexpr Word pan(int value, int channel) { return detail::controller(value, 0xAB0, channel); }
 constexpr Word reverb(int value, int channel) { return detail::controller(value, 0x5BB0, channel); }
 constexpr Word chorus(int value, int channel) { return detail::controller(value, 0x5DB0, channel); }
+constexpr Word hold(int value, int channel) { return detail::controller(value, 0x40B0, channel); }
+constexpr Word channelVolume(int value, int channel) { return detail::controller(value, 0x7B0, channel); }
 /// Drum kit 0 on the percussion channel.
 inline constexpr Word drumKit = 0xC9;
 

@@ -42,6 +42,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       toolbar(studio, toolWindows, score, channels, files, player, panic, startUp),
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
+      keyboard(studio, {output}),
       surfaces_(surfaces) {
     connectControls();
     listNames();
@@ -115,6 +116,7 @@ void Engine::listNames() {
     toolbar.listNames(tables);
     menus.listNames(tables);
     editing.listNames(tables);
+    keyboard.listNames(tables);
 }
 
 }  // namespace melvane

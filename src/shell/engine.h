@@ -32,6 +32,7 @@
 #include "shell/popup_menus.h"
 #include "shell/setup_toolbar_commands.h"
 #include "shell/start_up.h"
+#include "synth/keyboard_commands.h"
 
 namespace melvane {
 
@@ -76,6 +77,7 @@ class Engine {
     MainToolbarCommands toolbar;
     PopupMenus menus;
     EditingToolbarCommands editing;
+    KeyboardCommands keyboard;
     NameTables tables;
 
  private:
