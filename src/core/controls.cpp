@@ -98,7 +98,18 @@ void SliderControl::step(int steps) {
 
 double SliderControl::place() const {
     const double range = static_cast<double>(scale_.steps) * scale_.factor;
-    return std::clamp(place_.value_or((static_cast<double>(number()) - scale_.first) / range), 0.0, 1.0);
+    const int now = number();
+    const bool holds = held_ && held_->number == now;
+    return std::clamp(holds ? held_->place : (static_cast<double>(now) - scale_.first) / range, 0.0, 1.0);
+}
+
+void SliderControl::drag(double X) {
+    set(numberAt(X));
+    setPlace(fractionAt(X));
+}
+
+void SliderControl::setPlace(std::optional<double> place) {
+    store(held_, place ? std::optional(Held{*place, number()}) : std::nullopt);
 }
 
 int SliderControl::pointerLeft() const {

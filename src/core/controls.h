@@ -203,15 +203,22 @@ class SliderControl : public Control {
     /// Where the pointer stands on its way: 0 to 1.
     double place() const;
     int pointerLeft() const;
-    /// Puts the pointer to a place on its way, 0 to 1, whatever the number says; nothing: where that says.
-    void setPlace(std::optional<double> place) { store(place_, place); }
+    /// What a drag to the mouse at X does: the number, and the pointer under the mouse, between two numbers too.
+    void drag(double X);
+    /// Puts the pointer to a place on its way, 0 to 1, for as long as the number stays; nothing: where that says.
+    void setPlace(std::optional<double> place);
     Value shown() const override { return static_cast<long long>(number()); }
     bool userPut(const Value& value) override;
 
  private:
     TextControl& number_;
     SliderScale scale_;
-    std::optional<double> place_;
+    struct Held {
+        double place;
+        int number;
+        bool operator==(const Held&) const = default;
+    };
+    std::optional<Held> held_;
 };
 
 /// A picture area or panel: what the engine must know of its size, in logical pixels.

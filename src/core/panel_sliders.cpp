@@ -28,7 +28,7 @@ SliderControl& PanelSliders::control(Slider slider) const {
 void PanelSliders::move(Slider slider, int button, double X) {
     if (!held(slider)) return;
     if ((button & leftButton) != 0) {
-        control(slider).set(control(slider).numberAt(X));
+        control(slider).drag(X);
     } else if ((button & rightButton) != 0) {
         rest(slider);
     }

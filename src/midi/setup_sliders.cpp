@@ -52,7 +52,9 @@ void SetupSliders::move(Slider slider, int button, double X) {
     if (!held(slider)) return;
     auto& moved = control(slider);
     if ((button & leftButton) != 0) {
-        moved.set(moved.numberAt(X));
+        moved.drag(X);
+        take(slider);
+        return moved.setPlace(moved.fractionAt(X));
     } else if ((button & rightButton) != 0 && entryOf(slider).rests) {
         moved.set(moved.scale().resting);
     } else {

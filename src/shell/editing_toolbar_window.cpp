@@ -112,7 +112,7 @@ QWidget* Form2::makeButton(int index) {
         new FlatButton(index, studio_.Form2.Cmd2[at], studio_.Form2.ImgPic[at],
                        index == stopButton ? QStringLiteral("Stop playing") : QString(), client());
     connect(button, &FlatButton::released, this,
-            [this, index] { commands_.pictures.Cmd2_MouseUp(index, 1, 0, 0, 0); });
+            [this, index](int mouse) { commands_.pictures.Cmd2_MouseUp(index, mouse, 0, 0, 0); });
     connect(button, &FlatButton::pressed, this, [this, index] { commands_.Cmd2_Click(index); });
     return button;
 }

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -62,9 +63,6 @@ FrmInst::FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent)
     grid->addLayout(row, 2, 0, 1, 2);
     connect(ok, &QPushButton::clicked, this, [this] { picker_.CmdOk_Click(); });
     connect(cancel, &QPushButton::clicked, this, [this] { picker_.CmdCancel_Click(); });
-    connect(LstInstruments_, &QListWidget::itemDoubleClicked, this, [this] { picker_.CmdOk_Click(); });
-    connect(LstInstruments2_, &QListWidget::itemDoubleClicked, this,
-            [this] { picker_.LstInstruments2_DblClick(); });
     resize(sizeAround(usualSize));
     studio.FrmInst.window.changed = [this] { follow(); };
 }
@@ -74,6 +72,7 @@ QListWidget* FrmInst::makeList(const char* name, const char* title, ListControl&
     widget->setObjectName(name);
     widget->setAccessibleName(title);
     widget->setToolTip(title);
+    widget->viewport()->installEventFilter(this);
     list.changed = [widget, &list] { showList(*widget, list); };
     // Not the current row: a list that gets the focus has one without a choice.
     connect(widget, &QListWidget::itemSelectionChanged, this, [widget, &list] {
@@ -109,6 +108,18 @@ void FrmInst::closeEvent(QCloseEvent* event) {
     event->accept();
     if (studio_.FrmInst.window.visible()) picker_.CmdCancel_Click();
     if (studio_.FrmInst.loaded) picker_.Form_Unload();
+}
+
+/// A double click of the left button on an entry takes it.
+bool FrmInst::eventFilter(QObject* watched, QEvent* event) {
+    for (const auto* const list : {LstInstruments_, LstInstruments2_}) {
+        if (watched != list->viewport() || event->type() != QEvent::MouseButtonDblClick) continue;
+        const auto& mouse = static_cast<const QMouseEvent&>(*event);
+        if (mouse.button() != Qt::LeftButton || list->itemAt(mouse.position().toPoint()) == nullptr) break;
+        list == LstInstruments_ ? picker_.CmdOk_Click() : picker_.LstInstruments2_DblClick();
+        return true;
+    }
+    return FramedWindow::eventFilter(watched, event);
 }
 
 void FrmInst::keyPressEvent(QKeyEvent* event) {

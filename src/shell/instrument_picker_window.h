@@ -23,6 +23,7 @@ class FrmInst : public FramedWindow {
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QListWidget* makeList(const char* name, const char* title, ListControl& list);
@@ -31,8 +32,8 @@ class FrmInst : public FramedWindow {
 
     Studio& studio_;
     InstrumentPicker& picker_;
-    QListWidget* LstInstruments_;
-    QListWidget* LstInstruments2_;
+    QListWidget* LstInstruments_ = nullptr;
+    QListWidget* LstInstruments2_ = nullptr;
 };
 
 }  // namespace melvane

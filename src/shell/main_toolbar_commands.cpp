@@ -98,14 +98,16 @@ void MainToolbarCommands::aroundDialog(void (ScoreFiles::*command)()) {
     setToolWindows(true);
 }
 
-/// One that had the focus counts as closed while it is hidden, and comes back all the same.
+/// The Setup toolbar counts as closed while it is hidden, if it had the focus, and comes back all the same; one
+/// that was closed meanwhile stays closed.
 void MainToolbarCommands::setToolWindows(bool shown) {
     using Window = ToolWindows::Window;
     constexpr std::array kinds{Window::editing, Window::setup, Window::recorder, Window::tutorial};
     const auto& shell = studio_.shell;
     if (!shown) setAside_ = {shell.Form2Open, shell.Form3Open, shell.RecorderOpen, shell.WizardOpen};
+    const std::array loaded{shell.Form2Open, studio_.Form3.loaded, shell.RecorderOpen, shell.WizardOpen};
     for (std::size_t at = 0; at < kinds.size(); ++at) {
-        if (setAside_[at]) toolWindows_.setShown(kinds[at], shown);
+        if (setAside_[at] && loaded[at]) toolWindows_.setShown(kinds[at], shown);
     }
 }
 

@@ -52,7 +52,7 @@ void NoteTest::moveVolume(int button, double X) {
     auto& slider = studio_.Form5.lblVolume;
     if (!volumeHeld_) return;
     if ((button & leftButton) != 0) {
-        slider.set(slider.numberAt(X));
+        slider.drag(X);
     } else if ((button & rightButton) != 0) {
         auto& tracks = studio_.tracks;
         tracks.TrackVolume[static_cast<std::size_t>(tracks.CurrentTrack)] = 127;

@@ -40,6 +40,11 @@ QFrame* makeGround(const char* name, QWidget* parent) {
     return ground;
 }
 
+/// Whether the mouse is over the part itself and not over one that lies on it, whose events come here too.
+bool isBare(const QObject& part, const QMouseEvent& mouse) {
+    return static_cast<const QWidget&>(part).childAt(mouse.position().toPoint()) == nullptr;
+}
+
 }  // namespace
 
 Form5::Form5(Studio& studio, NoteTest& panel, QWidget* parent)
@@ -198,13 +203,14 @@ void Form5::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-/// A double click on a ground closes the panel. The text box, which keeps the mouse to itself, hands it on to
+/// A double click on a ground or on the note's name closes the panel. The text box, which keeps the mouse to itself, hands it on to
 /// the window too, to be moved by it.
 bool Form5::eventFilter(QObject* watched, QEvent* event) {
     const bool doubleClicked = event->type() == QEvent::MouseButtonDblClick;
     if (watched->objectName() == "Text5") {
         if (!doubleClicked) passOnMouse(*event);
-    } else if (doubleClicked && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+    } else if (doubleClicked && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
+               isBare(*watched, static_cast<QMouseEvent&>(*event))) {
         panel_.Form_Unload();
         return true;
     }

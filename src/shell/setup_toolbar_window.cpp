@@ -103,7 +103,10 @@ void Form3::moveEvent(QMoveEvent* event) {
 
 void Form3::closeEvent(QCloseEvent* event) {
     event->accept();
-    if (studio_.Form3.loaded) engine_.setup.Form_Unload();
+    if (!studio_.Form3.loaded) return;
+    // Closing it is leaving it, and by then the focus comes too late.
+    if (isActiveWindow()) engine_.setup.Form_LostFocus();
+    engine_.setup.Form_Unload();
 }
 
 }  // namespace melvane

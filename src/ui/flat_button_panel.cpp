@@ -1,8 +1,10 @@
 #include "ui/flat_button_panel.h"
 
+#include <QMouseEvent>
 #include <QToolButton>
 
 #include "core/editing_controls.h"
+#include "core/qt_mouse.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_icons.h"
 
@@ -22,7 +24,7 @@ FlatButton::FlatButton(int index, PictureControl& button, PictureControl& pictur
     button_->setGeometry(rect());
     button_->setFocusPolicy(Qt::NoFocus);
     button_->setProperty("raised", true);
-    connect(button_, &QToolButton::released, this, &FlatButton::released);
+    button_->installEventFilter(this);
     for (QToolButton* const part : {picture_, button_}) {
         connect(part, &QToolButton::clicked, this, &FlatButton::pressed);
     }
@@ -39,6 +41,14 @@ QToolButton* FlatButton::make(const char* array, PictureControl& control, const 
         widget->setAccessibleName(control.tip().empty() ? spoken : QString::fromStdString(control.tip()));
     });
     return widget;
+}
+
+/// Any mouse button, wherever it comes up: the toolkit's own signal knows the left one only.
+bool FlatButton::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease) {
+        Q_EMIT released(buttonMask(static_cast<QMouseEvent&>(*event).button()));
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 QWidget* FlatButton::picture() const { return picture_; }

@@ -25,8 +25,11 @@ class FlatButton : public QWidget {
     QWidget* button() const;
 
  Q_SIGNALS:
-    void released();  ///< the mouse button came up on it
-    void pressed();   ///< by mouse or keyboard; after released
+    void released(int button);  ///< a mouse button that went down on it came up
+    void pressed();             ///< by mouse or keyboard; after released
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QToolButton* make(const char* array, PictureControl& control, const QString& spoken);
