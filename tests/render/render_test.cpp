@@ -189,5 +189,15 @@ TEST_F(RenderTest, AScoreWithoutNotesIsSilentAndSaidSo) {
     EXPECT_TRUE(std::ranges::none_of(samples, isSound));
 }
 
+TEST_F(RenderTest, TheSampleMidiFileIsTheExportOfItsScore) {
+    const std::string out = folder.file("sample.mid");
+    ASSERT_EQ(run(MELVANE_RESOURCES "/scores/104.sng " + out), 0);
+    const auto bytes = readFile(out).value_or("");
+    EXPECT_EQ(bytes, readFile(MELVANE_RESOURCES "/scores/333.mid"));
+    ASSERT_GT(bytes.size(), 14U);
+    EXPECT_EQ(bytes.substr(0, 4), "MThd");
+    EXPECT_EQ(bytes[11], 14) << "tracks";
+}
+
 }  // namespace
 }  // namespace melvane

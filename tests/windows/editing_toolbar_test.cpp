@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "main_window_fixture.h"
+#include "ui/qt_style.h"
 
 namespace melvane::test {
 
@@ -105,6 +106,39 @@ TEST_F(EditingToolbarWindow, APressActsAndHidesTheButton) {
     QTest::mouseRelease(button(1), Qt::LeftButton);
     EXPECT_FALSE(button(1)->isVisible());
     EXPECT_EQ(studio.score.NoteArray.get(0, 3, 0), -1);
+}
+
+TEST_F(EditingToolbarWindow, AnyMouseButtonThatComesUpHidesTheButton) {
+    write(0, 3, 60);
+    for (const auto mouse : {Qt::RightButton, Qt::MiddleButton}) {
+        point(*picture(1));
+        QTest::mousePress(button(1), mouse);
+        EXPECT_TRUE(button(1)->isVisible());
+        QTest::mouseRelease(button(1), mouse);
+        EXPECT_FALSE(button(1)->isVisible());
+    }
+    // Dragged off the button: it stays until the mouse button comes up, and nothing is done.
+    point(*picture(1));
+    QTest::mousePress(button(1), Qt::LeftButton);
+    QTest::mouseMove(button(1), {-20, 4});
+    EXPECT_TRUE(button(1)->isVisible());
+    QTest::mouseRelease(button(1), Qt::LeftButton, {}, {-20, 4});
+    EXPECT_FALSE(button(1)->isVisible());
+    EXPECT_EQ(studio.score.NoteArray.get(0, 3, 0), 60);
+}
+
+TEST_F(EditingToolbarWindow, AFieldIsWhiteWhileItCanBeTypedInto) {
+    const auto ground = [this](const char* name) {
+        auto* const field = part<QLineEdit>(name);
+        return field->grab().toImage().pixelColor(field->width() - 4, field->height() / 2);
+    };
+    for (const char* const name : {"Text1", "Text3", "Text4", "Text5"}) {
+        EXPECT_EQ(ground(name), palette::ground) << name;
+    }
+    press(11);
+    for (const char* const name : {"Text1", "Text3", "Text4", "Text5"}) {
+        EXPECT_EQ(ground(name), QColor(Qt::white)) << name;
+    }
 }
 
 TEST_F(EditingToolbarWindow, ThePressOfAFingerNeedsNoHover) {
@@ -312,6 +346,23 @@ TEST_F(EditingToolbarWindow, ItIsMovedByItsBackground) {
     QTest::mouseRelease(toolbar->windowHandle(), Qt::LeftButton, {}, bare);
     EXPECT_EQ(toolbar->pos(), before + QPoint(-40, -30));
     EXPECT_EQ(studio.Form2.place.left, toolbar->x() * 15.0);
+}
+
+TEST_F(EditingToolbarWindow, EveryGroundMovesIt) {
+    for (const char* const name : {"ToolbCompose", "toolbEdit", "Picture2", "Picture5", "Picture6"}) {
+        auto* const ground = part(name);
+        QPoint bare;
+        for (int x = ground->width() - 2; x > 0 && bare.isNull(); --x) {
+            if (ground->childAt(x, ground->height() / 2) == nullptr) bare = {x, ground->height() / 2};
+        }
+        ASSERT_FALSE(bare.isNull()) << name;
+        const QPoint before = toolbar->pos(), at = ground->mapTo(toolbar, bare);
+        QTest::mousePress(toolbar->windowHandle(), Qt::LeftButton, {}, at);
+        QTest::mouseMove(toolbar->windowHandle(), at + QPoint(-8, -6));
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(toolbar->windowHandle(), Qt::LeftButton, {}, at);
+        EXPECT_EQ(toolbar->pos(), before + QPoint(-8, -6)) << name;
+    }
 }
 
 TEST_F(EditingToolbarWindow, ClosingStoresItsPlaceAndOpeningTakesIt) {

@@ -150,4 +150,42 @@ TEST_F(InstrumentPickerWindowTest, ShownByAnotherItFillsItsLists) {
     EXPECT_EQ(melody().count(), 0);
 }
 
+TEST_F(InstrumentPickerWindowTest, ItStandsInTheMiddleOfTheScreenOnceForEachLoad) {
+    inPicker([this] {
+        const QPoint middle = window.screen()->availableGeometry().center();
+        EXPECT_LE((picker.geometry().center() - middle).manhattanLength(), 2);
+        picker.move(30, 40);
+        pressButton("CmdOk");
+    });
+    inPicker([this] {
+        EXPECT_EQ(picker.pos(), QPoint(30, 40)) << "hidden it stays loaded";
+        pressButton("CmdCancel");
+    });
+    inPicker([this] {
+        EXPECT_NE(picker.pos(), QPoint(30, 40));
+        pressButton("CmdOk");
+    });
+}
+
+TEST_F(InstrumentPickerWindowTest, NothingBehindItCanBePressed) {
+    inPicker([this] {
+        EXPECT_EQ(QApplication::activeModalWidget(), &picker);
+        EXPECT_EQ(picker.windowModality(), Qt::ApplicationModal);
+        pressButton("CmdOk");
+    });
+}
+
+TEST_F(InstrumentPickerWindowTest, OnlyTheLeftButtonTakesByADoubleClick) {
+    inPicker([this] {
+        for (QListWidget* const widget : {&melody(), &percussion()}) {
+            QTest::mouseDClick(widget->viewport(), Qt::RightButton, {},
+                               widget->visualItemRect(widget->currentItem()).center());
+            EXPECT_TRUE(picker.isVisible());
+        }
+        pressButton("CmdCancel");
+    });
+    EXPECT_EQ(store.read("Intrumentval"), std::nullopt);
+    EXPECT_EQ(store.read("Intrumentval2"), std::nullopt);
+}
+
 }  // namespace melvane::test

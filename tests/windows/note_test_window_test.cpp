@@ -73,6 +73,17 @@ TEST_F(NoteTestWindowTest, ADoubleClickOnABareGroundClosesIt) {
     EXPECT_TRUE(panel->isVisible());
 }
 
+TEST_F(NoteTestWindowTest, ADoubleClickOnANumberLeavesItOpen) {
+    open();
+    for (const char* const name : {"LblNote", "LblTrk", "LblMod", "LblPan", "LblReverb", "LblChorus", "vol3"}) {
+        QWidget* const number = part(name);
+        QTest::mouseDClick(panel->windowHandle(), Qt::LeftButton, {},
+                           number->mapTo(panel, number->rect().center()));
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(panel->isVisible()) << name;
+    }
+}
+
 TEST_F(NoteTestWindowTest, EscapeAndTheCloseButtonUnloadIt) {
     open();
     studio.Form5.Combo3.set(4);

@@ -6,8 +6,11 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
+#include <array>
+#include <utility>
 
 #include "main_window_fixture.h"
+#include "shell/instrument_picker_window.h"
 #include "shell/setup_toolbar_window.h"
 #include "ui/qt_bindings.h"
 #include "ui/slider_panel.h"
@@ -255,6 +258,35 @@ TEST_F(SetupToolbarTest, ItOpensAtTheMiddleNearTheBottomOfTheScreen) {
     const QRect room = window.screen()->availableGeometry();
     EXPECT_EQ(toolbar.x(), room.left() + (room.width() - toolbar.width()) / 2);
     EXPECT_EQ(toolbar.y(), room.bottom() + 1 - toolbar.height() - 27);
+}
+
+TEST_F(SetupToolbarTest, ADoubleClickOnAnInstrumentPicks) {
+    FrmInst picker(studio, engine.picker, &window);
+    for (const char* const name : {"LblInst1", "LblInst2"}) {
+        bool shown = false;
+        time.at(10, [&] {
+            shown = picker.isVisible();
+            engine.picker.CmdCancel_Click();
+        });
+        QTest::mouseDClick(&part(name), Qt::LeftButton);
+        EXPECT_TRUE(shown) << name;
+    }
+}
+
+TEST_F(SetupToolbarTest, WhatItSaysIsWhatEachPartDoes) {
+    const std::array<std::pair<const char*, const char*>, 9> expected{
+        {{"TempoLabel", "Tempo (playing speed)"}, {"LblTempo", "Beats Per Minute"},
+         {"Text1", "Total notes currently available"}, {"Command1", "Add new notes"},
+         {"Command4", "Subtract notes"}, {"Check1", "Show Sharp # Notes Guide"}, {"Combo2", "Midi Device"},
+         {"Ch(0)", "Channel Chord >"}, {"Chkstrum(0)", "Strumming >"}}};
+    QString shown;
+    for (const QLabel* const label : toolbar.findChildren<QLabel*>()) shown += label->text() + '\n';
+    for (const QAbstractButton* const button : toolbar.findChildren<QAbstractButton*>()) shown += button->text() + '\n';
+    for (const auto& [name, text] : expected) {
+        QWidget& widget = part(name);
+        const QString own = widget.toolTip() + '\n' + widget.accessibleName() + '\n' + shown;
+        EXPECT_TRUE(own.contains(text)) << name << ": " << own.toStdString();
+    }
 }
 
 TEST_F(SetupToolbarTest, ClosingUnloadsItAndShowingLoadsItAnewAtItsPlace) {
