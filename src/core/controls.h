@@ -203,9 +203,11 @@ class SliderControl : public Control {
     /// Where the pointer stands on its way: 0 to 1.
     double place() const;
     int pointerLeft() const;
-    /// What a drag to the mouse at X does: the number, and the pointer under the mouse, between two numbers too.
+    /// What a drag to the mouse at X does: the number, and the pointer under the mouse, between two numbers
+    /// too.
     void drag(double X);
-    /// Puts the pointer to a place on its way, 0 to 1, for as long as the number stays; nothing: where that says.
+    /// Puts the pointer to a place on its way, 0 to 1, for as long as the number stays; nothing: where that
+    /// says.
     void setPlace(std::optional<double> place);
     Value shown() const override { return static_cast<long long>(number()); }
     bool userPut(const Value& value) override;

@@ -98,8 +98,8 @@ void MainToolbarCommands::aroundDialog(void (ScoreFiles::*command)()) {
     setToolWindows(true);
 }
 
-/// The Setup toolbar counts as closed while it is hidden, if it had the focus, and comes back all the same; one
-/// that was closed meanwhile stays closed.
+/// The Setup toolbar counts as closed while it is hidden, if it had the focus, and comes back all the same;
+/// one that was closed meanwhile stays closed.
 void MainToolbarCommands::setToolWindows(bool shown) {
     using Window = ToolWindows::Window;
     constexpr std::array kinds{Window::editing, Window::setup, Window::recorder, Window::tutorial};

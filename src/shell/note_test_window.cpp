@@ -203,8 +203,8 @@ void Form5::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-/// A double click on a ground or on the note's name closes the panel. The text box, which keeps the mouse to itself, hands it on to
-/// the window too, to be moved by it.
+/// A double click on a ground or on the note's name closes the panel. The text box, which keeps the mouse to
+/// itself, hands it on to the window too, to be moved by it.
 bool Form5::eventFilter(QObject* watched, QEvent* event) {
     const bool doubleClicked = event->type() == QEvent::MouseButtonDblClick;
     if (watched->objectName() == "Text5") {

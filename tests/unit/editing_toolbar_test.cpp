@@ -203,8 +203,8 @@ TEST_F(EditingToolbarTest, OpenAndSaveHideTheOpenToolWindowsMeanwhile) {
     for (const int index : {2, 3}) {
         toolWindows.calls.clear();
         press(index);
-        EXPECT_EQ(toolWindows.calls, (Lines{"hide 0", "hide 1", "hide 2", "hide 3", "show 0", "show 1",
-                                            "show 2", "show 3"}))
+        EXPECT_EQ(toolWindows.calls,
+                  (Lines{"hide 0", "hide 1", "hide 2", "hide 3", "show 0", "show 1", "show 2", "show 3"}))
             << index;
         EXPECT_EQ(dialogs.takeFileDialogs().size(), 1U) << index;
     }

@@ -111,6 +111,7 @@ TEST_F(EditingToolbarWindow, APressActsAndHidesTheButton) {
 TEST_F(EditingToolbarWindow, AnyMouseButtonThatComesUpHidesTheButton) {
     write(0, 3, 60);
     for (const auto mouse : {Qt::RightButton, Qt::MiddleButton}) {
+        point(*picture(4));
         point(*picture(1));
         QTest::mousePress(button(1), mouse);
         EXPECT_TRUE(button(1)->isVisible());
@@ -118,6 +119,7 @@ TEST_F(EditingToolbarWindow, AnyMouseButtonThatComesUpHidesTheButton) {
         EXPECT_FALSE(button(1)->isVisible());
     }
     // Dragged off the button: it stays until the mouse button comes up, and nothing is done.
+    point(*picture(4));
     point(*picture(1));
     QTest::mousePress(button(1), Qt::LeftButton);
     QTest::mouseMove(button(1), {-20, 4});

@@ -75,7 +75,8 @@ TEST_F(NoteTestWindowTest, ADoubleClickOnABareGroundClosesIt) {
 
 TEST_F(NoteTestWindowTest, ADoubleClickOnANumberLeavesItOpen) {
     open();
-    for (const char* const name : {"LblNote", "LblTrk", "LblMod", "LblPan", "LblReverb", "LblChorus", "vol3"}) {
+    for (const char* const name :
+         {"LblNote", "LblTrk", "LblMod", "LblPan", "LblReverb", "LblChorus", "vol3"}) {
         QWidget* const number = part(name);
         QTest::mouseDClick(panel->windowHandle(), Qt::LeftButton, {},
                            number->mapTo(panel, number->rect().center()));

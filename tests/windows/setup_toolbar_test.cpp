@@ -275,13 +275,19 @@ TEST_F(SetupToolbarTest, ADoubleClickOnAnInstrumentPicks) {
 
 TEST_F(SetupToolbarTest, WhatItSaysIsWhatEachPartDoes) {
     const std::array<std::pair<const char*, const char*>, 9> expected{
-        {{"TempoLabel", "Tempo (playing speed)"}, {"LblTempo", "Beats Per Minute"},
-         {"Text1", "Total notes currently available"}, {"Command1", "Add new notes"},
-         {"Command4", "Subtract notes"}, {"Check1", "Show Sharp # Notes Guide"}, {"Combo2", "Midi Device"},
-         {"Ch(0)", "Channel Chord >"}, {"Chkstrum(0)", "Strumming >"}}};
+        {{"TempoLabel", "Tempo (playing speed)"},
+         {"LblTempo", "Beats Per Minute"},
+         {"Text1", "Total notes currently available"},
+         {"Command1", "Add new notes"},
+         {"Command4", "Subtract notes"},
+         {"Check1", "Show Sharp # Notes Guide"},
+         {"Combo2", "Midi Device"},
+         {"Ch(0)", "Channel Chord >"},
+         {"Chkstrum(0)", "Strumming >"}}};
     QString shown;
     for (const QLabel* const label : toolbar.findChildren<QLabel*>()) shown += label->text() + '\n';
-    for (const QAbstractButton* const button : toolbar.findChildren<QAbstractButton*>()) shown += button->text() + '\n';
+    for (const QAbstractButton* const button : toolbar.findChildren<QAbstractButton*>())
+        shown += button->text() + '\n';
     for (const auto& [name, text] : expected) {
         QWidget& widget = part(name);
         const QString own = widget.toolTip() + '\n' + widget.accessibleName() + '\n' + shown;
