@@ -47,6 +47,12 @@ struct Keyboard {
     std::string HeldKeyText;                 ///< the key taken to be held; "a" behind it once it was released
     std::array<std::string, 3> HistoryText;  ///< keys clicked before those two, the latest first
     std::string ReleasedKeyText, ReleasedMarkText;  ///< the last key released; "a" behind it in the second
+    /// After it no press is taken for the repeat of one before.
+    void forgetKeyTexts() {
+        for (std::string* text : {&PressedKeyText, &HeldKeyText, &ReleasedKeyText, &ReleasedMarkText})
+            text->clear();
+        HistoryText.fill({});
+    }
 
     std::string CurrentKeyChar;     ///< the character of the key that is down; "-1" for none
     std::int16_t CurrentRow = 0;    ///< score row of the key struck last

@@ -14,13 +14,6 @@ namespace {
 constexpr int midiFilter = 1;
 constexpr Int16 sampleInstrument = 24;
 
-/// A dialog's answer as the program keeps it: without blanks around it and without a closing zero.
-std::string answeredPath(const std::string& answer) {
-    std::string path = trimmed(answer);
-    if (!path.empty() && path.back() == '\0') path.pop_back();
-    return path;
-}
-
 /// The file that a kept path means, which may be in lower case: file and folder are found without regard to
 /// case.
 std::string keptPath(const std::string& path) {
@@ -29,11 +22,6 @@ std::string keptPath(const std::string& path) {
     const std::filesystem::path whole(path);
     if (!whole.has_parent_path()) return path;
     return (std::filesystem::path(findNoCase(whole.parent_path().string())) / whole.filename()).string();
-}
-
-std::string withEnding(std::string path, std::string_view ending) {
-    if (!endsWithNoCase(path, ending)) path += ending;
-    return path;
 }
 
 }  // namespace

@@ -21,6 +21,13 @@ constexpr Word noteOn(int key, int velocity, int channel) {
 constexpr Word noteOff(int key, int channel) {
     return detail::word(std::int64_t{key} * 256 + 0x80 + channel);
 }
+/// The same for a note that is kept as key times 256.
+constexpr Word noteOnWord(int noteWord, int velocity, int channel) {
+    return detail::word(std::int64_t{velocity} * 65536 + noteWord + 0x90 + channel);
+}
+constexpr Word noteOffWord(int noteWord, int channel) {
+    return detail::word(std::int64_t{noteWord} + 0x80 + channel);
+}
 constexpr Word programChange(int program, int channel) {
     return detail::word(std::int64_t{program} * 256 + 0xC0 + channel);
 }

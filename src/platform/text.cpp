@@ -23,4 +23,15 @@ bool endsWithNoCase(std::string_view text, std::string_view ending) {
            lowerCase(text.substr(text.size() - ending.size())) == lowerCase(ending);
 }
 
+std::string withEnding(std::string path, std::string_view ending) {
+    if (!endsWithNoCase(path, ending)) path += ending;
+    return path;
+}
+
+std::string answeredPath(std::string_view answer) {
+    std::string path = trimmed(answer);
+    if (!path.empty() && path.back() == '\0') path.pop_back();
+    return path;
+}
+
 }  // namespace melvane

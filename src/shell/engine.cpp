@@ -42,7 +42,8 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       toolbar(studio, toolWindows, score, channels, files, player, panic, startUp),
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
-      keyboard(studio, {output}),
+      keyboard(studio, {settings, fileOperations, output, outside.dialogs, outside.clock, outside.loop,
+                        outside.directories}),
       surfaces_(surfaces) {
     connectControls();
     listNames();

@@ -4,8 +4,35 @@
 
 namespace melvane {
 
-KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts) : switches(studio, parts.output) {}
+KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
+    : layout(studio, parts.loop),
+      schemes(studio, {parts.settings, parts.files, parts.dialogs, parts.loop, parts.directories}),
+      sounds(studio, parts.output),
+      switches(studio, parts.output),
+      notes(studio, {sounds, parts.clock, parts.loop}),
+      keys(studio, notes),
+      mouse(studio, sounds, parts.loop),
+      cMetronome1(studio.keyboard.cMetronome1, parts.clock, parts.loop),
+      beats(studio, cMetronome1, sounds) {
+    layout.layKeys();
+}
 
-void KeyboardCommands::listNames(NameTables& tables) { switches.listNames(tables); }
+void KeyboardCommands::releaseHeldKeys() {
+    keys.releaseHeldKeys();
+    mouse.releaseClickedKey();
+}
+
+void KeyboardCommands::listNames(NameTables& tables) {
+    tables.operations.add("frmsynth", "releaseHeldKeys", this, &KeyboardCommands::releaseHeldKeys);
+    layout.listNames(tables);
+    schemes.listNames(tables);
+    sounds.listNames(tables);
+    switches.listNames(tables);
+    notes.listNames(tables);
+    keys.listNames(tables);
+    mouse.listNames(tables);
+    cMetronome1.listNames(tables);
+    beats.listNames(tables);
+}
 
 }  // namespace melvane

@@ -1,5 +1,10 @@
 #pragma once
+#include "synth/beat_lights.h"
+#include "synth/key_layout.h"
+#include "synth/key_mouse.h"
+#include "synth/key_schemes.h"
 #include "synth/key_switches.h"
+#include "synth/live_keys.h"
 
 namespace melvane {
 
@@ -9,13 +14,31 @@ namespace melvane {
 class KeyboardCommands {
  public:
     struct Parts {
+        Settings& settings;
+        FileOperations& files;
         MidiOutput& output;
+        Dialogs& dialogs;
+        Clock& clock;
+        EventLoop& loop;
+        const Directories& directories;
     };
     KeyboardCommands(Studio& studio, Parts parts);
 
+    /// Keys and buttons no longer reach the window, because it has lost the focus or a dialog is in front:
+    /// what is held is released as if it had come up.
+    void releaseHeldKeys();
+
     void listNames(NameTables& tables);
 
+    KeyLayout layout;
+    KeySchemes schemes;
+    KeySounds sounds;
     KeySwitches switches;
+    LiveNotes notes;
+    LiveKeys keys;
+    KeyMouse mouse;
+    Metronome cMetronome1;
+    BeatLights beats;
 };
 
 }  // namespace melvane

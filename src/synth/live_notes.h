@@ -1,0 +1,48 @@
+#pragma once
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "synth/key_chords.h"
+#include "synth/key_sounds.h"
+
+namespace melvane {
+
+/// The notes of the piano's keys, with their chords. A strum serves events, so that a press or a release may
+/// run inside the wait of another: the words are shared, and what sounds next is what they hold then.
+class LiveNotes {
+ public:
+    struct Parts {
+        KeySounds& sounds;
+        Clock& clock;
+        EventLoop& loop;
+    };
+    LiveNotes(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
+
+    /// Sounds the key and its chord; 44 is no key. Returns when the strum has ended.
+    void NoteDown3(int KeyIndex);
+    /// Ends them, as the octave, the channel and the chord are now; an index above 43 stands for the key that
+    /// was typed last.
+    void NoteUp3(int KeyIndex);
+
+    void listNames(NameTables& tables);
+
+ private:
+    bool isHeldStill(int keyIndex) const;
+    bool gateIsOpen() const;
+    bool playsChord() const;
+    bool strums() const;
+
+    void playChord(int keyIndex);
+    void strumChord();
+    void playOctave();
+    void startStrum();
+    void waitStrum();
+
+    void markReleased(int keyIndex);
+    void releaseChord(int keyIndex);
+    void resetAfterStrum();
+
+    Studio& studio_;
+    Parts parts_;
+};
+
+}  // namespace melvane
