@@ -1,9 +1,14 @@
 #include "ui/qt_icons.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QHash>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <utility>
 
 #include "ui/qt_style.h"
 
@@ -11,79 +16,100 @@ namespace melvane {
 
 namespace {
 
-constexpr int iconSide = 24;
-constexpr double ratios[] = {1, 1.25, 1.5, 2, 3};
+constexpr int emblemSizes[] = {16, 24, 32, 48, 64, 128, 256};  // pixels
 
-QPixmap rendered(const QByteArray& drawing, double ratio) {
-    const int side = static_cast<int>(iconSide * ratio);
+/// What a drawing's ink and its filled area are to become; nothing leaves them as they are drawn.
+struct Inks {
+    QColor ink, filled;
+};
+const Inks asDrawn{};
+
+Inks hovered() { return {palette::accent.darker(125), palette::accent}; }
+Inks disabled() { return {palette::disabledText, QColor(0xB4, 0xB9, 0xBE)}; }
+
+QString fileOf(const QString& name) { return ":/icons/" + name + ".svg"; }
+
+QByteArray drawing(const QString& name, const Inks& inks) {
+    QFile file(fileOf(name));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QByteArray drawn = file.readAll();
+    if (inks.filled.isValid()) drawn.replace("#1171C5", inks.filled.name().toLatin1());
+    if (inks.ink.isValid()) drawn.replace("#1E2329", inks.ink.name().toLatin1());
+    return drawn;
+}
+
+QPixmap rendered(const QByteArray& drawn, int side) {
     QPixmap picture(side, side);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    QSvgRenderer(drawing).render(&painter, QRectF(0, 0, side, side));
-    painter.end();
-    picture.setDevicePixelRatio(ratio);
+    QSvgRenderer(drawn).render(&painter, QRectF(0, 0, side, side));
     return picture;
 }
 
-/// The drawing with its ink, and where asked its filled area too, in another colour.
-QByteArray recoloured(QByteArray drawing, const QColor& ink, const QColor& filled) {
-    drawing.replace("#1171C5", filled.name().toLatin1());
-    return drawing.replace("#1E2329", ink.name().toLatin1());
+/// Every picture that was asked for, until the application ends.
+QHash<QString, QPixmap>& pictures() {
+    static QHash<QString, QPixmap> kept;
+    static const bool cleared = [] {
+        qAddPostRoutine([] { pictures().clear(); });
+        return true;
+    }();
+    static_cast<void>(cleared);
+    return kept;
 }
 
-constexpr double emblemSizes[] = {16, 24, 32, 48, 64, 128, 256};  // pixels
-
-QByteArray drawing(const QString& name) {
-    QFile file(":/icons/" + name + ".svg");
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+/// `side` in pixels of the screen.
+QPixmap pictureOf(const QString& name, const Inks& inks, int side) {
+    const QString key = name + inks.ink.name() + inks.filled.name() + QString::number(side);
+    auto& kept = pictures();
+    if (const auto found = kept.constFind(key); found != kept.constEnd()) return *found;
+    const QPixmap picture = rendered(drawing(name, inks), side);
+    kept.insert(key, picture);
+    return picture;
 }
 
-QByteArray disabledDrawing(const QByteArray& resting) {
-    return recoloured(resting, palette::disabledText, QColor(0xB4, 0xB9, 0xBE));
+/// A drawing that is rendered when it is shown, once for each size and state.
+class DrawnIcon final : public QIconEngine {
+ public:
+    DrawnIcon(QString name, const Inks& normal, const Inks& active, const Inks& off)
+        : name_(std::move(name)), normal_(normal), active_(active), off_(off) {}
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+        const Inks& inks = mode == QIcon::Disabled ? off_ : mode == QIcon::Active ? active_ : normal_;
+        return pictureOf(name_, inks, std::min(size.width(), size.height()));
+    }
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+        const double ratio = painter->device()->devicePixelRatio();
+        QPixmap picture = pixmap((QSizeF(area.size()) * ratio).toSize(), mode, state);
+        picture.setDevicePixelRatio(ratio);
+        const QSizeF spare = QSizeF(area.size()) - picture.deviceIndependentSize();
+        painter->drawPixmap(area.topLeft() + QPointF(spare.width() / 2, spare.height() / 2), picture);
+    }
+    QIconEngine* clone() const override { return new DrawnIcon(*this); }
+
+ private:
+    QString name_;
+    Inks normal_, active_, off_;
+};
+
+QIcon drawnIcon(const QString& name, const Inks& normal, const Inks& active, const Inks& off) {
+    return QFile::exists(fileOf(name)) ? QIcon(new DrawnIcon(name, normal, active, off)) : QIcon();
 }
 
 }  // namespace
 
-QIcon icon(const QString& name) {
-    const QByteArray resting = drawing(name);
-    if (resting.isEmpty()) return {};
-    const QByteArray hovered = recoloured(resting, palette::accent.darker(125), palette::accent);
-    const QByteArray disabled = disabledDrawing(resting);
-    QIcon icon;
-    for (const double ratio : ratios) {
-        icon.addPixmap(rendered(resting, ratio), QIcon::Normal);
-        icon.addPixmap(rendered(hovered, ratio), QIcon::Active);
-        icon.addPixmap(rendered(disabled, ratio), QIcon::Disabled);
-    }
-    return icon;
-}
+QIcon icon(const QString& name) { return drawnIcon(name, asDrawn, hovered(), disabled()); }
 
-QIcon disabledIcon(const QString& name) {
-    const QByteArray disabled = disabledDrawing(drawing(name));
-    QIcon icon;
-    for (const double ratio : ratios) {
-        for (const auto mode : {QIcon::Normal, QIcon::Active, QIcon::Disabled}) {
-            icon.addPixmap(rendered(disabled, ratio), mode);
-        }
-    }
-    return icon;
-}
+QIcon disabledIcon(const QString& name) { return drawnIcon(name, disabled(), disabled(), disabled()); }
 
 QIcon iconInOneColour(const QString& name, const QColor& colour) {
-    const QByteArray coloured = recoloured(drawing(name), colour, colour);
-    QIcon icon;
-    for (const double ratio : ratios) icon.addPixmap(rendered(coloured, ratio));
-    return icon;
+    const Inks one{colour, colour};
+    return drawnIcon(name, one, one, one);
 }
 
 QIcon programIcon() {
-    const QByteArray emblem = drawing("emblem");
+    const QByteArray emblem = drawing("emblem", asDrawn);
     QIcon icon;
-    for (const double size : emblemSizes) {
-        QPixmap picture = rendered(emblem, size / iconSide);
-        picture.setDevicePixelRatio(1);
-        icon.addPixmap(picture);
-    }
+    for (const int size : emblemSizes) icon.addPixmap(rendered(emblem, size));
     return icon;
 }
 
