@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 #include <span>
+#include <vector>
 
 namespace melvane {
 
@@ -64,6 +65,26 @@ void PixelPainter::fill(QRect box, const QColor& colour) const {
             std::ranges::fill(stretch, source);
         else
             for (QRgb& pixel : stretch) pixel = blended(source, pixel, rest);
+    }
+}
+
+/// Row by row, as the pixels lie: line by line each pixel would be far from the one before.
+void PixelPainter::verticalLines(std::span<const int> places, int top, int bottom, const QColor& colour) {
+    if (kept_ == nullptr || colour.alpha() < 255) {
+        for (const int x : places) verticalLine(x, top, bottom, colour);
+        return;
+    }
+    std::vector<int> across;  // the pixels of a row that belong to lines
+    for (const int place : places) {
+        const int end = std::min(std::max(device(place) + 1, device(place + 1)), kept_->width());
+        for (int x = std::max(0, device(place)); x < end; ++x) across.push_back(x);
+    }
+    const int from = std::max(0, device(top)), to = std::min(kept_->height(), device(bottom + 1));
+    const qsizetype rowBytes = kept_->bytesPerLine();
+    const QRgb ink = colour.rgb();
+    for (int y = from; y < to; ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(pixels_ + y * rowBytes);
+        for (const int x : across) row[x] = ink;
     }
 }
 

@@ -2,6 +2,7 @@
 #include <QColor>
 #include <QImage>
 #include <QPainter>
+#include <span>
 
 #include "core/controls.h"
 
@@ -40,6 +41,8 @@ class PixelPainter {
     /// The outline of a box, `line` pixels wide inwards from its corners.
     void frame(int left, int top, int right, int bottom, int line, const QColor& colour);
     void verticalLine(int x, int top, int bottom, const QColor& colour) { box(x, top, x, bottom, colour); }
+    /// The same at each of `places`, all at once.
+    void verticalLines(std::span<const int> places, int top, int bottom, const QColor& colour);
     /// `picture` is made for ratio(); its top left corner comes to (x, y).
     void picture(int x, int y, const QImage& picture);
 

@@ -58,10 +58,9 @@ void TabletPainter::Sheet::paintBars() const {
     const auto& staff = studio.page.StaffY;
     // A page that begins inside the staff keeps the upper lines of an earlier one: they may stand lower.
     const auto [upper, lower] = std::minmax(staff.front(), staff.back());
-    forEachBar(studio, width, [&, from = upper, to = lower](int x) {
-        pixels.verticalLine(x, 0, height - 1, surface_colours::barLine);
-        pixels.verticalLine(x, from, to, surface_colours::staff);
-    });
+    const auto edges = bars(studio.score, studio.page.FirstColumn, width);
+    pixels.verticalLines(edges, 0, height - 1, surface_colours::barLine);
+    pixels.verticalLines(edges, upper, lower, surface_colours::staff);
 }
 
 void TabletPainter::Sheet::paintStaff() const {
