@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 
 #include <iostream>
+#include <memory>
 
 #include "app/command_line.h"
 #include "app/picture.h"
@@ -18,7 +19,7 @@ namespace {
 
 using namespace melvane;
 
-constexpr std::int64_t noticePeriod = 500;  // milliseconds
+constexpr std::int64_t noticePeriod = 500, preparePeriod = 250;  // milliseconds
 
 Directories ownDirectories() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -29,6 +30,16 @@ Directories ownDirectories() {
 void showNotices(Program& program, SoundSystem& sound, EventLoop& loop) {
     loop.startTimer(noticePeriod, [&program, &sound] {
         if (const auto notice = sound.takeNotice()) program.studio().form1.StatusText.set(*notice);
+    });
+}
+
+/// Once the studio stands on the screen, in moments in which nobody waits for it.
+void prepareWindows(Program& program, EventLoop& loop) {
+    const auto timer = std::make_shared<int>();
+    *timer = loop.startTimer(preparePeriod, [&program, &loop, timer] {
+        const auto& studio = program.studio();
+        const bool busy = studio.player.Playing || studio.drag.MouseIsDown;
+        if (!busy && !program.prepareWindow()) loop.stopTimer(*timer);
     });
 }
 
@@ -45,6 +56,7 @@ int runStudio(const CommandLine& line) {
     if (!program.mayStart()) return 0;
     program.start();
     showNotices(program, sound, loop);
+    prepareWindows(program, loop);
     if (!line.score.empty()) program.openScore(line.score);
     loop.waitFor([] { return false; });
     return 0;

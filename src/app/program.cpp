@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include <system_error>
+#include <utility>
 
 #include "platform/text.h"
 #include "shell/editing_toolbar_window.h"
@@ -8,6 +9,12 @@
 #include "shell/setup_toolbar_window.h"
 
 namespace melvane {
+
+namespace {
+
+constexpr std::int64_t helpPause = 10;  // milliseconds
+
+}  // namespace
 
 Program::Program(Outside& outside)
     : outside_(outside),
@@ -20,6 +27,8 @@ Program::Program(Outside& outside)
     picker_.useSettings(engine_.settings);
     listWindows();
 }
+
+Program::~Program() { outside_.loop.stopTimer(helpTimer_); }
 
 void Program::listWindows() {
     toolWindows_.list({}, "FrmInst", [this] { return &picker_; });
@@ -38,14 +47,24 @@ void Program::listWindows() {
     });
 }
 
-void Program::showHelp() {
+HelpWindow& Program::help() {
     if (help_ == nullptr) {
         help_ = new HelpWindow(studio_, &window_);
         help_->useSettings(engine_.settings);
     }
-    help_->show();
-    help_->raise();
-    help_->activateWindow();
+    return *help_;
+}
+
+/// A moment later, so that the windows which the same command shows again are there before it, and a column
+/// of a playback does not have to wait for all of them.
+void Program::showHelp() {
+    if (helpTimer_ != 0) return;
+    helpTimer_ = outside_.loop.startTimer(helpPause, [this] {
+        outside_.loop.stopTimer(std::exchange(helpTimer_, 0));
+        help().show();
+        help().raise();
+        help().activateWindow();
+    });
 }
 
 bool Program::mayStart() { return engine_.startUp.IsOsSupported() && !engine_.startUp.IsAlreadyRunning(); }
@@ -58,6 +77,13 @@ void Program::start() {
     window_.show();
     toolWindows_.letGo();
     outside_.loop.Idle();
+}
+
+bool Program::prepareWindow() {
+    if (toolWindows_.prepareNext()) return true;
+    if (help_ != nullptr) return false;
+    help().grab();
+    return true;
 }
 
 void Program::openScore(const std::filesystem::path& path) {

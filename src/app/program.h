@@ -19,12 +19,18 @@ namespace melvane {
 class Program {
  public:
     explicit Program(Outside& outside);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     /// Whether the start may go on: on a system that it supports, and as the only one of its user. Asks once,
     /// with a message when it may not.
     bool mayStart();
     /// Loads and shows the main window.
     void start();
+    /// Makes one of the windows that wait to be opened, so that a playback does not have to wait for it
+    /// later. False when there is nothing left to do. Not during a playback.
+    bool prepareWindow();
     /// As the open command does with a chosen file.
     void openScore(const std::filesystem::path& path);
 
@@ -36,16 +42,18 @@ class Program {
  private:
     void listWindows();
 
+    HelpWindow& help();
+    void showHelp();
+
     Outside& outside_;
     Studio studio_;
     FloatingWindows toolWindows_;
     form1 window_;
     Engine engine_;
-    void showHelp();
-
     FrmInst picker_;
     Frmmenu menus_;
     QPointer<HelpWindow> help_;
+    int helpTimer_ = 0;  ///< runs while the help is about to be shown
 };
 
 }  // namespace melvane

@@ -1,5 +1,6 @@
 #include "ui/floating_windows_window.h"
 
+#include <QPixmap>
 #include <utility>
 
 namespace melvane {
@@ -40,6 +41,16 @@ void FloatingWindows::letGo() {
         if (entry.window && entry.waits) showBehind(*entry.window);
         entry.waits = false;
     }
+}
+
+bool FloatingWindows::prepareNext() {
+    for (auto& entry : entries_) {
+        if (entry.window) continue;
+        entry.window = entry.make();
+        entry.window->grab();
+        return true;
+    }
+    return false;
 }
 
 void FloatingWindows::setEnabled(Window window, bool enabled) {

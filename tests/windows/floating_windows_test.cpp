@@ -51,6 +51,16 @@ TEST_F(FloatingWindowsTest, AWindowThatIsGoneIsMadeAnew) {
     EXPECT_EQ(made, 2);
 }
 
+TEST_F(FloatingWindowsTest, AWindowIsPreparedOnceAndNotShown) {
+    EXPECT_TRUE(windows.prepareNext());
+    EXPECT_EQ(made, 1);
+    EXPECT_TRUE(setup->isHidden());
+    EXPECT_FALSE(windows.prepareNext());
+    EXPECT_TRUE(windows.showWindow("Form3"));
+    EXPECT_EQ(made, 1);
+    EXPECT_FALSE(setup->isHidden());
+}
+
 TEST_F(FloatingWindowsTest, AWindowHeldBackWaitsForItsOwner) {
     windows.holdBack();
     EXPECT_TRUE(windows.showWindow("Form3"));

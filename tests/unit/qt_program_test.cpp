@@ -1,0 +1,102 @@
+#include "app/program.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QWidget>
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include "platform/recording_midi_port.h"
+#include "platform/scripted_dialogs.h"
+#include "platform/settings_store.h"
+#include "platform/virtual_time.h"
+#include "temporary_folder.h"
+
+namespace melvane {
+namespace {
+
+class QtProgramTest : public testing::Test {
+ protected:
+    QtProgramTest() {
+        time.serveToolkit = [] { QCoreApplication::processEvents(); };
+        store.write("Form3", "False");
+        program->start();
+    }
+    ~QtProgramTest() override {
+        if (program) program->window().unload();
+        std::filesystem::current_path(before);
+    }
+
+    static bool isShown(const char* name) {
+        for (const QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == name && window->isVisible()) return true;
+        }
+        return false;
+    }
+    static int windowsNamed(const char* name) {
+        const auto windows = QApplication::topLevelWidgets();
+        return static_cast<int>(
+            std::ranges::count_if(windows, [&](const QWidget* one) { return one->objectName() == name; }));
+    }
+
+    std::filesystem::path before = std::filesystem::current_path();
+    test::TemporaryFolder folder;
+    VirtualTime time;
+    RecordingMidiPort port{time};
+    MemorySettingsStore store;
+    ScriptedDialogs dialogs{time};
+    Outside outside{time, time, port, store, dialogs, Directories{folder.path(), folder.path()}};
+    std::unique_ptr<Program> program = std::make_unique<Program>(outside);
+};
+
+TEST_F(QtProgramTest, PreparingMakesEveryWindowAndShowsNone) {
+    EXPECT_EQ(windowsNamed("Form2"), 0);
+    port.log().take();
+    const auto stored = store.all();
+    int turns = 0;
+    while (program->prepareWindow()) ++turns;
+    EXPECT_GE(turns, 4);
+    for (const char* const name : {"Form2", "Form3", "Form5", "FrmInst", "Frmmenu", "Help"}) {
+        EXPECT_EQ(windowsNamed(name), 1) << name;
+        EXPECT_FALSE(isShown(name)) << name;
+    }
+    EXPECT_EQ(port.log().take(), std::vector<std::string>{});
+    EXPECT_EQ(store.all(), stored);
+    EXPECT_FALSE(program->studio().shell.Form3Open);
+    EXPECT_FALSE(program->studio().shell.Form2Open);
+    EXPECT_FALSE(program->studio().Form5.loaded);
+    EXPECT_FALSE(program->studio().FrmInst.loaded);
+}
+
+TEST_F(QtProgramTest, APreparedWindowOpensAsAnyOther) {
+    while (program->prepareWindow()) {
+    }
+    program->engine().toolbar.Cmd2_Click(9);
+    EXPECT_TRUE(isShown("Form2"));
+    EXPECT_TRUE(program->studio().shell.Form2Open);
+    EXPECT_EQ(windowsNamed("Form2"), 1);
+}
+
+TEST_F(QtProgramTest, TheHelpComesAMomentLaterAndOnce) {
+    program->engine().menus.Cmdhelp_Click();
+    program->engine().menus.Cmdhelp_Click();
+    EXPECT_FALSE(isShown("Help"));
+    time.waitUntil(time.counter() + time.frequency() / 100);
+    EXPECT_TRUE(isShown("Help"));
+    EXPECT_EQ(windowsNamed("Help"), 1);
+    program->engine().menus.Cmdhelp_Click();
+    time.waitUntil(time.counter() + time.frequency() / 100);
+    EXPECT_EQ(windowsNamed("Help"), 1);
+}
+
+TEST_F(QtProgramTest, AHelpThatIsAboutToComeEndsWithTheProgram) {
+    program->engine().menus.Cmdhelp_Click();
+    program.reset();
+    time.waitUntil(time.counter() + time.frequency());
+    EXPECT_EQ(windowsNamed("Help"), 0);
+}
+
+}  // namespace
+}  // namespace melvane
