@@ -39,6 +39,12 @@ struct Toolbar {
         studio->tracks.ChannelSettings[track] = {24, 100, 64, 10, 20, 30};
         chords.fillList();
     }
+    /// Whether each of the 32,000 cells of a grid's track holds `value`.
+    bool filled(const Grid& grid, int gridTrack, int value) const {
+        const auto cells = grid.row(gridTrack);
+        return cells.size() == std::size_t{lastColumn} + 1 &&
+               std::ranges::all_of(cells, [value](std::int16_t cell) { return cell == value; });
+    }
 };
 
 void applyChannelSettings(benchmark::State& state) {
@@ -47,6 +53,11 @@ void applyChannelSettings(benchmark::State& state) {
         toolbar.channels.ApplyChannelSettings();
         benchmark::ClobberMemory();
     }
+    const auto& score = toolbar.studio->score;
+    const bool good =
+        toolbar.filled(score.ModArray, track, 30) && toolbar.filled(score.PanArray, track, 64) &&
+        toolbar.filled(score.ReverbArray, track, 10) && toolbar.filled(score.ChorusArray, track, 20);
+    if (!good) state.SkipWithError("a cell does not hold the channel's settings");
 }
 BENCHMARK(applyChannelSettings)->Unit(benchmark::kMicrosecond);
 
@@ -63,6 +74,10 @@ BENCHMARK(fillFourRows)->Unit(benchmark::kMicrosecond);
 void channelChordOnAndOff(benchmark::State& state) {
     Toolbar toolbar;
     auto& box = toolbar.studio->Form3.Ch[track];
+    const auto& chords = toolbar.studio->score.PolyArray;
+    box.set(true);
+    toolbar.chords.Ch_Click(track);
+    if (!toolbar.filled(chords, track + 1, 1)) state.SkipWithError("a cell does not hold the chord");
     for (auto _ : state) {
         for (const bool on : {true, false}) {
             box.set(on);
@@ -70,6 +85,7 @@ void channelChordOnAndOff(benchmark::State& state) {
             benchmark::ClobberMemory();
         }
     }
+    if (!toolbar.filled(chords, track + 1, 0)) state.SkipWithError("a cell still holds the chord");
 }
 BENCHMARK(channelChordOnAndOff)->Unit(benchmark::kMicrosecond);
 
