@@ -1,5 +1,7 @@
 #include "core/setup_channel.h"
 
+#include <array>
+
 namespace melvane {
 
 namespace {
@@ -9,6 +11,15 @@ constexpr double middle = 0.5;  // of a slider's way
 bool isTrack(int track) { return track >= 0 && track <= lastTrackNumber; }
 
 }  // namespace
+
+std::string channelTip(int track) {
+    constexpr std::array<const char*, 4> rhythm{"Rythm Channel 1", "Rythm Channel 3", "Rythm Channel 4",
+                                                "Rythm Channel 4"};
+    const int percussion = percussionChannel(track);
+    if (percussion > 0) return rhythm.at(static_cast<std::size_t>(percussion) - 1);
+    const std::string caption = channelCaption(track);
+    return caption.empty() ? caption : "Select " + caption;
+}
 
 std::string channelCaption(int track) {
     if (track >= 0 && isMelodyTrack(track)) return "Channel " + std::to_string(track + 1);

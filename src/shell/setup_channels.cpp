@@ -17,6 +17,7 @@ SetupChannels::SetupChannels(Studio& studio, Parts parts) : studio_(studio), par
     for (int index = 0; index <= lastTrackNumber; ++index) {
         const auto at = static_cast<std::size_t>(index);
         studio_.Form3.TrackSel[at].acted = [this, index] { choose(index); };
+        studio_.Form3.TrackSel[at].setTip(channelTip(index));
         studio_.Form3.TrackHide[at].acted = [this, index] { TrackHide_Click(index); };
     }
 }

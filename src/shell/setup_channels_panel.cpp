@@ -57,7 +57,6 @@ ChannelButton::ChannelButton(Studio& studio, int track, QWidget* parent)
     setObjectName(memberName("TrackSel", track));
     setText(QString::fromStdString(channelCaption(track)));
     setAccessibleName(text());
-    setToolTip("Select " + text());
     setFocusPolicy(Qt::StrongFocus);
     setFixedHeight(controlHeight);
     auto& state = studio.Form3.TrackSel[static_cast<std::size_t>(track)];
