@@ -70,6 +70,7 @@ struct Keyboard {
     std::int32_t ComposerStopWatch = 0;  ///< slot number, from 1; 0 before there is one
 
     std::string OpenFolder, SaveFolder;  ///< where the file dialogs open next
+    std::string ScoreFolder;             ///< where the dialog of a saved performance opens next; empty: songs
     MetronomeState cMetronome1;
 };
 

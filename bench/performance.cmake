@@ -1,0 +1,1 @@
+melvane_benchmark(performance_bench performance_bench.cpp LIBRARIES benchmark::benchmark_main)
