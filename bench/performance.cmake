@@ -1,1 +1,1 @@
-melvane_benchmark(performance_bench performance_bench.cpp LIBRARIES benchmark::benchmark_main)
+melvane_benchmark(performance_bench ${CMAKE_CURRENT_LIST_DIR}/performance_bench.cpp LIBRARIES benchmark::benchmark_main)

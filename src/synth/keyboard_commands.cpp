@@ -13,7 +13,10 @@ KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
       keys(studio, notes),
       mouse(studio, sounds, parts.loop),
       cMetronome1(studio.keyboard.cMetronome1, parts.clock, parts.loop),
-      beats(studio, cMetronome1, sounds) {
+      beats(studio, cMetronome1, sounds),
+      capture(studio, {parts.dialogs, parts.stopWatches, parts.loop}),
+      replay(studio, {sounds, capture, parts.loop}),
+      saving(studio, {parts.dialogs, capture, parts.directories}) {
     layout.layKeys();
 }
 
@@ -33,6 +36,9 @@ void KeyboardCommands::listNames(NameTables& tables) {
     mouse.listNames(tables);
     cMetronome1.listNames(tables);
     beats.listNames(tables);
+    capture.listNames(tables);
+    replay.listNames(tables);
+    saving.listNames(tables);
 }
 
 }  // namespace melvane

@@ -5,6 +5,8 @@
 #include "synth/key_schemes.h"
 #include "synth/key_switches.h"
 #include "synth/live_keys.h"
+#include "synth/performance_replay.h"
+#include "synth/performance_saving.h"
 
 namespace melvane {
 
@@ -21,6 +23,7 @@ class KeyboardCommands {
         Clock& clock;
         EventLoop& loop;
         const Directories& directories;
+        StopWatches& stopWatches;
     };
     KeyboardCommands(Studio& studio, Parts parts);
 
@@ -39,6 +42,9 @@ class KeyboardCommands {
     KeyMouse mouse;
     Metronome cMetronome1;
     BeatLights beats;
+    PerformanceCapture capture;
+    PerformanceReplay replay;
+    PerformanceSaving saving;
 };
 
 }  // namespace melvane

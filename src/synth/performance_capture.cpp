@@ -16,9 +16,7 @@ constexpr int itemsWithoutWorth = 2;
 
 }  // namespace
 
-PerformanceCapture::PerformanceCapture(Studio& studio, Dialogs& dialogs, StopWatches& stopWatches,
-                                       EventLoop& loop)
-    : studio_(studio), dialogs_(dialogs), stopWatches_(stopWatches), loop_(loop) {
+PerformanceCapture::PerformanceCapture(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {
     auto& synth = studio.frmsynth;
     setLamp(false);
     synth.CmdRec.setPicture("compose");
@@ -39,8 +37,8 @@ void PerformanceCapture::Comp1_Click() {
     auto& keyboard = studio_.keyboard;
     if (keyboard.List3.count() > itemsWithoutWorth) {
         // Whatever is answered, the recording goes.
-        dialogs_.messageBox(BoxKind::plain, "Erase Recording", "Recording has not been saved. Overwrite?",
-                            BoxButtons::yesNo);
+        parts_.dialogs.messageBox(BoxKind::plain, "Erase Recording",
+                                  "Recording has not been saved. Overwrite?", BoxButtons::yesNo);
     }
     for (TextList* list : {&keyboard.List1, &keyboard.List3, &keyboard.List4}) list->clear();
     if (!isOff()) return setLamp(false);
@@ -50,7 +48,7 @@ void PerformanceCapture::Comp1_Click() {
     setLamp(true);
     keyboard.KeyIsDown = false;
     // It begins with the first key, not with the click; a stop meanwhile takes effect with that key.
-    loop_.waitFor([&keyboard] { return keyboard.KeyIsDown; });
+    parts_.loop.waitFor([&keyboard] { return keyboard.KeyIsDown; });
     run();
     button.setPicture("compose");
     button.setTip("Start / Stop Composing");
@@ -62,7 +60,7 @@ void PerformanceCapture::run() {
     auto& keyboard = studio_.keyboard;
     keyboard.FirstKeyChar = keyboard.CurrentKeyChar;
     keyboard.RepeatCount = 0;
-    while (isOn() && !loop_.ended()) {
+    while (isOn() && !parts_.loop.ended()) {
         ++keyboard.RepeatCount;
         if (keyboard.CurrentKeyChar != keyboard.FirstKeyChar) keyboard.RepeatCount = 0;
         keyboard.List1.add(keyboard.RepeatCount);
@@ -77,12 +75,12 @@ void PerformanceCapture::CmdRec_Click() { isOff() ? Comp1_Click() : Comp2_Click(
 
 void PerformanceCapture::waitTicks(double ticks) {
     auto& slot = studio_.keyboard.ComposerStopWatch;
-    if (stopWatches_.StopWatchStart(slot) == 0) {
-        slot = stopWatches_.StopWatchCreate();
-        stopWatches_.StopWatchStart(slot);
+    if (parts_.stopWatches.StopWatchStart(slot) == 0) {
+        slot = parts_.stopWatches.StopWatchCreate();
+        parts_.stopWatches.StopWatchStart(slot);
     }
     const double seconds = leadingNumber(studio_.frmsynth.Text2.text()) * ticks * 0.001;
-    stopWatches_.WaitSecondsBusy(slot, std::max(seconds, shortestTick));
+    parts_.stopWatches.WaitSecondsBusy(slot, std::max(seconds, shortestTick));
 }
 
 void PerformanceCapture::TimeOut() { waitTicks(1); }

@@ -10,7 +10,12 @@ namespace melvane {
 /// tick lasts Text2 milliseconds. User-interface thread.
 class PerformanceCapture {
  public:
-    PerformanceCapture(Studio& studio, Dialogs& dialogs, StopWatches& stopWatches, EventLoop& loop);
+    struct Parts {
+        Dialogs& dialogs;
+        StopWatches& stopWatches;
+        EventLoop& loop;
+    };
+    PerformanceCapture(Studio& studio, Parts parts);
 
     /// Starts a capture, which runs inside this call until Label8 is "OFF"; while one runs, stops it.
     void Comp1_Click();
@@ -33,9 +38,7 @@ class PerformanceCapture {
     void run();
 
     Studio& studio_;
-    Dialogs& dialogs_;
-    StopWatches& stopWatches_;
-    EventLoop& loop_;
+    Parts parts_;
 };
 
 }  // namespace melvane

@@ -1,7 +1,6 @@
 #include "synth/performance_replay.h"
 
 #include "core/names.h"
-#include "midi/messages.h"
 #include "synth/key_colours.h"
 #include "synth/performance_lists.h"
 
@@ -10,8 +9,6 @@ namespace melvane {
 namespace {
 
 constexpr int rowOfKeyNone = 91;  // a row is this number less the key's index
-constexpr int lowestNote = 36;    // of key 0
-constexpr int velocity = 100;
 constexpr Colour white{255, 255, 255}, black{0, 0, 0};
 
 double numberOf(const TextControl& control) { return leadingNumber(control.text()); }
@@ -27,9 +24,7 @@ void paintReplayed(Studio& studio, int key) {
 
 }  // namespace
 
-PerformanceReplay::PerformanceReplay(Studio& studio, MidiOutput& output, PerformanceCapture& capture,
-                                     EventLoop& loop)
-    : studio_(studio), output_(output), capture_(capture), loop_(loop) {
+PerformanceReplay::PerformanceReplay(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {
     auto& synth = studio.frmsynth;
     synth.Command2.acted = [this] { Command2_Click(); };
     synth.Check4.acted = [this] { Check4_Click(); };
@@ -40,29 +35,29 @@ PerformanceReplay::PerformanceReplay(Studio& studio, MidiOutput& output, Perform
 }
 
 void PerformanceReplay::Command2_Click() {
-    capture_.Comp2_Click();
+    parts_.capture.Comp2_Click();
     play();
 }
 
 void PerformanceReplay::Check7_Click() {
     auto& button = studio_.frmsynth.Check7;
-    if (capture_.isOn()) return button.set(false);
+    if (parts_.capture.isOn()) return button.set(false);
     const bool pressed = button.ticked();
-    if (!pressed) output_.midiOutReset();
-    capture_.Comp2_Click();
+    if (!pressed) parts_.sounds.reset();
+    parts_.capture.Comp2_Click();
     if (!pressed) return;
     play();
     button.set(false);
 }
 
 void PerformanceReplay::Check4_Click() {
-    if (capture_.isOn()) return;
-    capture_.Comp2_Click();
+    if (parts_.capture.isOn()) return;
+    parts_.capture.Comp2_Click();
     studio_.frmsynth.Check7.set(false);
 }
 
 void PerformanceReplay::Check6_Click() {
-    if (!capture_.isOn()) capture_.Comp2_Click();
+    if (!parts_.capture.isOn()) parts_.capture.Comp2_Click();
 }
 
 void PerformanceReplay::Text11_Change() {
@@ -82,18 +77,18 @@ void PerformanceReplay::build() {
         performance::asPlayed(capture, keyboard.List4);
 }
 
-bool PerformanceReplay::stopped() const { return studio_.frmsynth.Check4.ticked() || loop_.ended(); }
+bool PerformanceReplay::stopped() const { return studio_.frmsynth.Check4.ticked() || parts_.loop.ended(); }
 
 void PerformanceReplay::play() {
     auto& synth = studio_.frmsynth;
     build();
     playOnce();
     while (synth.Check5.ticked() && !stopped()) {
-        capture_.TimeOut2();
+        parts_.capture.TimeOut2();
         playOnce();
     }
     synth.Check4.set(false);
-    output_.midiOutReset();
+    parts_.sounds.reset();
 }
 
 void PerformanceReplay::playOnce() {
@@ -101,11 +96,11 @@ void PerformanceReplay::playOnce() {
     const int last = studio_.keyboard.List4.count();
     for (int index = 0; index <= last && !stopped(); ++index) {
         if (synth.Check6.ticked()) {
-            loop_.waitFor([this] { return !studio_.frmsynth.Check6.ticked() || stopped(); });
+            parts_.loop.waitFor([this] { return !studio_.frmsynth.Check6.ticked() || stopped(); });
         }
         synth.Text9.set(std::to_string(index));
         index = playItem(index);
-        capture_.TimeOut2();
+        parts_.capture.TimeOut2();
     }
 }
 
@@ -115,14 +110,14 @@ int PerformanceReplay::playItem(int index) {
     if (list.value(index) > 0) return playNote(index);
     if (list.at(index) != performance::rest) return index;
     index = passRests(index);
-    for (; index <= list.count() && list.at(index) == list.at(index + 1) && !loop_.ended(); ++index)
-        capture_.TimeOut2();
+    for (; index <= list.count() && list.at(index) == list.at(index + 1) && !parts_.loop.ended(); ++index)
+        parts_.capture.TimeOut2();
     return index;
 }
 
 int PerformanceReplay::passRests(int index) {
     const auto& list = studio_.keyboard.List4;
-    for (; list.at(index) == performance::rest && !loop_.ended(); ++index) capture_.TimeOut2();
+    for (; list.at(index) == performance::rest && !parts_.loop.ended(); ++index) parts_.capture.TimeOut2();
     return index;
 }
 
@@ -133,13 +128,13 @@ int PerformanceReplay::playNote(int index) {
     assign(keyboard.CurrentRow, list.value(index));
     const int key = rowOfKeyNone - keyboard.CurrentRow;
     paintSounding(studio_, key);
-    assign(keyboard.NoteWord[0], (static_cast<double>(key) + lowestNote + keyboard.OctaveShift) * 256);
-    output_.send(message::noteOn(keyboard.NoteWord[0] / 256, velocity, keyboard.LiveChannel));
-    capture_.TimeOut2();
-    for (; list.value(index) == keyboard.CurrentRow && index <= list.count() && !loop_.ended(); ++index)
-        capture_.TimeOut2();
-    capture_.TimeOut2();
-    output_.send(message::noteOff(keyboard.NoteWord[0] / 256, keyboard.LiveChannel));
+    parts_.sounds.setWord(0, key);
+    parts_.sounds.noteOn(0);
+    parts_.capture.TimeOut2();
+    for (; list.value(index) == keyboard.CurrentRow && index <= list.count() && !parts_.loop.ended(); ++index)
+        parts_.capture.TimeOut2();
+    parts_.capture.TimeOut2();
+    parts_.sounds.noteOff(0);
     paintReplayed(studio_, key);
     return passRests(index);
 }

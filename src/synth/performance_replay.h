@@ -1,5 +1,5 @@
 #pragma once
-#include "midi/midi_output.h"
+#include "synth/key_sounds.h"
 #include "synth/performance_capture.h"
 
 namespace melvane {
@@ -8,7 +8,12 @@ namespace melvane {
 /// starts it. User-interface thread.
 class PerformanceReplay {
  public:
-    PerformanceReplay(Studio& studio, MidiOutput& output, PerformanceCapture& capture, EventLoop& loop);
+    struct Parts {
+        KeySounds& sounds;
+        PerformanceCapture& capture;
+        EventLoop& loop;
+    };
+    PerformanceReplay(Studio& studio, Parts parts);
 
     /// "Play Recording", and the graphic play button that does the same.
     void Command2_Click();
@@ -32,9 +37,7 @@ class PerformanceReplay {
     bool stopped() const;
 
     Studio& studio_;
-    MidiOutput& output_;
-    PerformanceCapture& capture_;
-    EventLoop& loop_;
+    Parts parts_;
 };
 
 }  // namespace melvane

@@ -30,9 +30,8 @@ std::string cellLine(const TextList& cells) {
 
 }  // namespace
 
-PerformanceSaving::PerformanceSaving(Studio& studio, Dialogs& dialogs, PerformanceCapture& capture,
-                                     const Directories& directories)
-    : studio_(studio), dialogs_(dialogs), capture_(capture), directories_(directories) {
+PerformanceSaving::PerformanceSaving(Studio& studio, Parts parts)
+    : studio_(studio), dialogs_(parts.dialogs), capture_(parts.capture), directories_(parts.directories) {
     auto& synth = studio.frmsynth;
     synth.CmdRecord.acted = [this] { CmdRecord_Click(); };
     synth.Command11.acted = [this] { Command11_Click(); };

@@ -1,5 +1,4 @@
 #pragma once
-#include "midi/midi_output.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "synth/performance_capture.h"
@@ -10,8 +9,12 @@ namespace melvane {
 /// first track, with one instrument. User-interface thread.
 class PerformanceSaving {
  public:
-    PerformanceSaving(Studio& studio, Dialogs& dialogs, PerformanceCapture& capture,
-                      const Directories& directories);
+    struct Parts {
+        Dialogs& dialogs;
+        PerformanceCapture& capture;
+        const Directories& directories;
+    };
+    PerformanceSaving(Studio& studio, Parts parts);
 
     /// "Save as SNG file". Nothing happens during a capture. A file that cannot be written is passed over,
     /// and the recording is gone all the same.
