@@ -40,6 +40,18 @@ TEST_F(BlockInsertionTest, WithoutASelectionTheSongIsTurnedRoundToOnePastItsLast
     EXPECT_EQ(cells(2, 9, 9), Cells{70});
 }
 
+TEST_F(BlockInsertionTest, BehindColumnThousandAReversalMendsNothing) {
+    resize(1100);
+    engine.score.ClearNoteArrays();
+    write(1, 990, 50, 40);
+    select(996, 999);
+    blocks.ReverseSelection();
+    EXPECT_EQ(cells(1, 995, 1001), (Cells{1050, 50, 50, 50, 50, 50, 1050}));
+    select(997, 1000);
+    blocks.ReverseSelection();
+    EXPECT_EQ(cells(1, 999, 1002), (Cells{50, 50, 1050, 1050}));
+}
+
 TEST_F(BlockInsertionTest, OpenedColumnsAreBlankAndKeepTheEmptyValues) {
     write(0, 4, 50, 4, 9);
     for (const auto& pair : gridPairs) {

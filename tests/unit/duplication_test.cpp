@@ -76,6 +76,16 @@ TEST_F(DuplicationTest, ColumnsBetweenTwoCopiesKeepWhatTheyHeld) {
     EXPECT_EQ(cells(0, 8, 13), (Cells{-1, -1, 60, -1, 50, -1}));
 }
 
+TEST_F(DuplicationTest, TheMotifIsDrawnByThePasteAndOnceMoreAndTheCopiesAtTheEnd) {
+    std::vector<std::string> drawn{"DrawNoteArray", "DrawBeatArray", "DrawNoteArray", "DrawBeatArray"};
+    duplication.Command6_Click();
+    EXPECT_EQ(surfaces.calls, drawn);
+    drawn.insert(drawn.end(), {"DrawNoteArray", "DrawBeatArray"});
+    surfaces.calls.clear();
+    duplication.CopyNotes(0, 12);
+    EXPECT_EQ(surfaces.calls, drawn);
+}
+
 TEST_F(DuplicationTest, ItLeavesTheStateThatTheNextOneExpects) {
     write(0, 0, 50, 3, 9);
     studio.score.ModArray.set(0, 1, 44);
