@@ -45,6 +45,15 @@ void Program::listWindows() {
         toolbar->useSettings(engine_.settings);
         return toolbar;
     });
+    toolWindows_.list({}, "frmsynth", [this] { return makeKeyboard(); });
+}
+
+/// It does not belong to the main window, which is hidden while it is open.
+QWidget* Program::makeKeyboard() {
+    keyboard_ = std::make_unique<frmsynth>(studio_, engine_.keyboard);
+    keyboard_->useSettings(engine_.settings);
+    engine_.keyboard.window.showHelp = [this] { showHelp("75-keyboard.md"); };
+    return keyboard_.get();
 }
 
 HelpWindow& Program::help() {
@@ -57,7 +66,8 @@ HelpWindow& Program::help() {
 
 /// A moment later, so that the windows which the same command shows again are there before it, and a column
 /// of a playback does not have to wait for all of them.
-void Program::showHelp() {
+void Program::showHelp(const QString& topic) {
+    if (!topic.isEmpty()) help().showTopic(topic);
     if (helpTimer_ != 0) return;
     helpTimer_ = outside_.loop.startTimer(helpPause, [this] {
         outside_.loop.stopTimer(std::exchange(helpTimer_, 0));

@@ -2,6 +2,7 @@
 #include <QPointer>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "core/studio.h"
@@ -11,6 +12,7 @@
 #include "shell/instrument_picker_window.h"
 #include "shell/main_window.h"
 #include "shell/popup_menus_window.h"
+#include "synth/keyboard_window.h"
 #include "ui/floating_windows_window.h"
 
 namespace melvane {
@@ -41,9 +43,11 @@ class Program {
 
  private:
     void listWindows();
+    QWidget* makeKeyboard();
 
     HelpWindow& help();
-    void showHelp();
+    /// At a topic by its file's name, or where it was left.
+    void showHelp(const QString& topic = {});
 
     Outside& outside_;
     Studio studio_;
@@ -54,6 +58,7 @@ class Program {
     Frmmenu menus_;
     QPointer<HelpWindow> help_;
     int helpTimer_ = 0;  ///< runs while the help is about to be shown
+    std::unique_ptr<frmsynth> keyboard_;
 };
 
 }  // namespace melvane

@@ -83,7 +83,9 @@ double SliderControl::fractionAt(double X) const {
     return way > 0 ? std::clamp(X - pointerWidth / 2.0, 0.0, way) / way : 0;
 }
 
-int SliderControl::number() const { return narrowed<int>(leadingNumber(number_.text())).value_or(0); }
+int SliderControl::number() const { return narrowed<int>(value()).value_or(0); }
+
+double SliderControl::value() const { return leadingNumber(number_.text()); }
 
 int SliderControl::numberAt(double X) const {
     return static_cast<int>(fractionAt(X) * scale_.steps) * scale_.factor + scale_.first;
@@ -98,9 +100,9 @@ void SliderControl::step(int steps) {
 
 double SliderControl::place() const {
     const double range = static_cast<double>(scale_.steps) * scale_.factor;
-    const int now = number();
-    const bool holds = held_ && held_->number == now;
-    return std::clamp(holds ? held_->place : (static_cast<double>(now) - scale_.first) / range, 0.0, 1.0);
+    const double now = value();
+    const bool holds = held_ && held_->value == now;
+    return std::clamp(holds ? held_->place : (now - scale_.first) / range, 0.0, 1.0);
 }
 
 void SliderControl::drag(double X) {
@@ -109,7 +111,7 @@ void SliderControl::drag(double X) {
 }
 
 void SliderControl::setPlace(std::optional<double> place) {
-    store(held_, place ? std::optional(Held{*place, number()}) : std::nullopt);
+    store(held_, place ? std::optional(Held{*place, value()}) : std::nullopt);
 }
 
 int SliderControl::pointerLeft() const {

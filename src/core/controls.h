@@ -160,7 +160,7 @@ class ScrollControl : public Control {
 
 /// What a slider's number counts: `first` at the left end of the track, `first + steps` at the right one, and
 /// `resting` after the right button, which may stand left of the track's way. `first` and `resting` are told
-/// in numbers; one step is `factor` of them.
+/// in numbers; one step is `factor` of them, and with a factor below 0 they fall from left to right.
 struct SliderScale {
     int first = 0, steps = 127, resting = 0, factor = 1;
 };
@@ -190,13 +190,15 @@ class SliderControl : public Control {
     SliderPointer pointer{*this};
 
     const SliderScale& scale() const { return scale_; }
-    int lowest() const { return std::min(scale_.first, scale_.resting); }
-    int highest() const { return scale_.first + scale_.steps * scale_.factor; }
+    int lowest() const { return std::min({scale_.first, last(), scale_.resting}); }
+    int highest() const { return std::max(scale_.first, last()); }
     int number() const;
+    /// The same with what stands behind its point.
+    double value() const;
     void set(int number) { number_.set(std::to_string(number)); }
     /// The number that a drag to the mouse at X gives; X from the track's left edge.
     int numberAt(double X) const;
-    /// By so many steps up or down, inside the range.
+    /// By so many steps to the right or left, inside the range.
     void step(int steps);
     /// How far along its way the pointer stands with the mouse at X: 0 to 1.
     double fractionAt(double X) const;
@@ -213,11 +215,13 @@ class SliderControl : public Control {
     bool userPut(const Value& value) override;
 
  private:
+    int last() const { return scale_.first + scale_.steps * scale_.factor; }
+
     TextControl& number_;
     SliderScale scale_;
     struct Held {
         double place;
-        int number;
+        double value;
         bool operator==(const Held&) const = default;
     };
     std::optional<Held> held_;

@@ -114,8 +114,8 @@ struct KeyboardControls {
     SliderControl lblVolume{Label11, {0, 127, 127}}, LblMod{LMod, {0, 127, 0}}, LblPan{LPan, {0, 128, 0}},
         LblReverb{LReverb, {0, 127, 0}}, LblChorus{LChorus, {0, 127, 0}}, LblCh{ChNumber, {0, 8, 0}},
         LblOct{OctNumber, {0, 10, 0}}, LblCrd{Text4, {0, 10, 0}}, LblStrum{Text1, {1, 10, 1}},
-        LblSpeed{Text2, {1, 12, 9}}, LblPauses{Text11, {1, 12, 1}}, LblTempo{Text8, {0, 125, 200, 4}},
-        LblFileSpeed{Text12, {1, 6, 2}}, Lblbeats{txtValue, {0, 300, 120}};
+        LblSpeed{Text2, {13, 12, 9, -1}}, LblPauses{Text11, {13, 12, 1, -1}},
+        LblTempo{Text8, {0, 125, 200, 4}}, LblFileSpeed{Text12, {1, 6, 2}}, Lblbeats{txtValue, {0, 300, 120}};
 };
 
 }  // namespace melvane

@@ -10,7 +10,8 @@ struct WindowPlace {
 
 inline constexpr int twipsAPixel = 15;
 
-/// The main window as the engine handles it as a whole. A window implements it; tests stand in for it.
+/// A window that keeps its place, as the engine handles it as a whole: the main window, and the keyboard's.
+/// The window implements it; tests stand in for it.
 class MainFrame {
  public:
     virtual ~MainFrame() = default;
@@ -28,7 +29,8 @@ class MainFrame {
     virtual void unload() = 0;
 };
 
-/// The floating windows beside the main one, hidden while a file dialog is open and disabled or enabled by the player.
+/// The floating windows beside the main one, hidden while a file dialog is open and disabled or enabled by
+/// the player.
 class ToolWindows {
  public:
     enum class Window { editing, setup, recorder, tutorial };

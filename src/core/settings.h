@@ -27,6 +27,10 @@ class Settings {
             assign(variable, *number);
         }
     }
+    void read(const std::string& key, double otherwise, double& variable) const {
+        const auto text = store_.read(key);
+        variable = text ? wholeNumberText(*text).value_or(variable) : otherwise;
+    }
     void read(const std::string& key, bool otherwise, bool& variable) const {
         const auto text = store_.read(key);
         if (!text) {

@@ -1,7 +1,7 @@
 #include "midi/midi_output.h"
 
-#include "core/names.h"
 #include "core/instrument_names.h"
+#include "core/names.h"
 #include "midi/messages.h"
 
 namespace melvane {
@@ -62,22 +62,34 @@ void MidiOutput::chooseDevice() {
 void MidiOutput::reset() { port_.midiOutReset(studio_.sounds.MidiOutHandle); }
 
 void MidiOutput::openAtActivation() {
+    if (openStored())
+        send(message::drumKit);
+    else
+        openNext();
+}
+
+bool MidiOutput::openStored() {
     auto& device = studio_.sounds.MidiDeviceId;
     settings_.read("Devices", std::int32_t{mapperDevice}, device);
     CloseMidi();
-    if (open(device) == MidiPort::ok) {
-        send(message::drumKit);
-        return;
-    }
-    CloseMidi();
-    if (device < INT32_MAX) open(device + 1);
+    return open(device) == MidiPort::ok;
 }
 
-void MidiOutput::fillDeviceList(ListControl& list) {
+bool MidiOutput::openNext() {
+    const auto device = studio_.sounds.MidiDeviceId;
+    CloseMidi();
+    return device < INT32_MAX && open(device + 1) == MidiPort::ok;
+}
+
+std::vector<std::string> MidiOutput::deviceNames() {
     std::vector<std::string> names{mapperName};
     deviceCount_ = port_.midiOutGetNumDevs();
     for (int device = 0; device < deviceCount_; ++device) names.push_back(port_.midiOutGetDevCapsA(device));
-    list.fill(std::move(names));
+    return names;
+}
+
+void MidiOutput::fillDeviceList(ListControl& list) {
+    list.fill(deviceNames());
     list.set(0);
     std::int32_t stored = mapperDevice;
     settings_.read("Devices", std::int32_t{0}, stored);

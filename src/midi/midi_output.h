@@ -29,6 +29,12 @@ class MidiOutput {
     void reset();
     /// The opening of the device when the main window comes to the front.
     void openAtActivation();
+    /// Closes the output and opens the stored device, without a stored one the mapper. Whether it opened.
+    bool openStored();
+    /// After a failure: the device behind it.
+    bool openNext();
+    /// "MIDI Mapper", then the name of each device: the list index of device id n is n + 1.
+    std::vector<std::string> deviceNames();
     /// Builds the list of devices in `list` and stores the selected one again.
     void fillDeviceList(ListControl& list);
 

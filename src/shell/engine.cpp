@@ -43,7 +43,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
       keyboard(studio, {settings, fileOperations, output, outside.dialogs, outside.clock, outside.loop,
-                        outside.directories, stopWatches}),
+                        outside.directories, picker, stopWatches, frame, toolWindows}),
       surfaces_(surfaces) {
     connectControls();
     listNames();

@@ -36,7 +36,7 @@ constexpr std::array<Button, 15> buttons{{{"clear", false, true},
                                           {"tutorial", false, false},
                                           {"help", true, true},
                                           {"emblem", false, false},
-                                          {"keyboard", true, false}}};
+                                          {"keyboard", true, true}}};
 
 constexpr int rightClickButton = 3;
 constexpr std::array rightClickIcons{"right_erase", "right_menu", "right_polynotes"};

@@ -125,29 +125,10 @@ void form1::focusTableau() { Beatbox_->setFocus(); }
 
 // Frame
 
-double form1::screenWidth() const { return screen()->availableGeometry().width() * double{twipsAPixel}; }
-double form1::screenHeight() const { return screen()->availableGeometry().height() * double{twipsAPixel}; }
-
-WindowPlace form1::place() const {
-    return {pos().x() * double{twipsAPixel}, pos().y() * double{twipsAPixel}, width() * double{twipsAPixel},
-            height() * double{twipsAPixel}};
-}
-
-void form1::setPlace(const WindowPlace& place) {
-    const auto pixels = [](double twips) {
-        return qRound(std::clamp(twips / twipsAPixel, -32000.0, 32000.0));
-    };
-    const QPoint corner(pixels(place.left), pixels(place.top));
-    const QScreen* const there = QGuiApplication::screenAt(corner);
-    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-    const QSize frame = frameGeometry().size() - size();
-    const QSize most = room.size() - frame;
-    const QSize size =
-        QSize(pixels(place.width), pixels(place.height)).expandedTo(minimumSize()).boundedTo(most);
-    resize(size);
-    move(std::clamp(corner.x(), room.left(), room.left() + most.width() - size.width()),
-         std::clamp(corner.y(), room.top(), room.top() + most.height() - size.height()));
-}
+double form1::screenWidth() const { return roomWidth(); }
+double form1::screenHeight() const { return roomHeight(); }
+WindowPlace form1::place() const { return placeInTwips(); }
+void form1::setPlace(const WindowPlace& place) { placeWholly(place); }
 
 void form1::ApplySkin() {
     FramedWindow::ApplySkin();

@@ -16,7 +16,13 @@ KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
       beats(studio, cMetronome1, sounds),
       capture(studio, {parts.dialogs, parts.stopWatches, parts.loop}),
       replay(studio, {sounds, capture, parts.loop}),
-      saving(studio, {parts.dialogs, capture, parts.directories}) {
+      saving(studio, {parts.dialogs, capture, parts.directories}),
+      channels(studio, parts.output),
+      choices(studio),
+      sliders(studio, parts.output, channels, choices),
+      instrument(studio, {parts.settings, parts.output, parts.picker, channels}),
+      window(studio, {parts.settings, parts.output, parts.stopWatches, parts.mainWindow, parts.toolWindows,
+                      parts.directories, layout, schemes, keys, beats, channels, instrument}) {
     layout.layKeys();
 }
 
@@ -39,6 +45,11 @@ void KeyboardCommands::listNames(NameTables& tables) {
     capture.listNames(tables);
     replay.listNames(tables);
     saving.listNames(tables);
+    channels.listNames(tables);
+    choices.listNames(tables);
+    sliders.listNames(tables);
+    instrument.listNames(tables);
+    window.listNames(tables);
 }
 
 }  // namespace melvane

@@ -4,6 +4,8 @@
 #include "synth/key_mouse.h"
 #include "synth/key_schemes.h"
 #include "synth/key_switches.h"
+#include "synth/keyboard_sliders.h"
+#include "synth/keyboard_window_commands.h"
 #include "synth/live_keys.h"
 #include "synth/performance_replay.h"
 #include "synth/performance_saving.h"
@@ -23,7 +25,10 @@ class KeyboardCommands {
         Clock& clock;
         EventLoop& loop;
         const Directories& directories;
+        Picker& picker;
         StopWatches& stopWatches;
+        MainFrame& mainWindow;
+        ToolWindows& toolWindows;
     };
     KeyboardCommands(Studio& studio, Parts parts);
 
@@ -45,6 +50,11 @@ class KeyboardCommands {
     PerformanceCapture capture;
     PerformanceReplay replay;
     PerformanceSaving saving;
+    KeyboardChannels channels;
+    KeyboardChoices choices;
+    KeyboardSliders sliders;
+    KeyboardInstrument instrument;
+    KeyboardWindowCommands window;
 };
 
 }  // namespace melvane

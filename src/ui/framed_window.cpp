@@ -12,6 +12,7 @@
 #include "core/settings.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_style.h"
+#include "ui/qt_window_place.h"
 
 namespace melvane {
 
@@ -249,6 +250,30 @@ void FramedWindow::moveOntoScreen(double left, double top) {
     const QSize spare = (room.size() - size()).expandedTo(QSize(0, 0));
     move(std::clamp(corner.x(), room.left(), room.left() + spare.width()),
          std::clamp(corner.y(), room.top(), room.top() + spare.height()));
+}
+
+WindowPlace FramedWindow::placeInTwips() const {
+    constexpr double unit = twipsAPixel;
+    return {x() * unit, y() * unit, width() * unit, height() * unit};
+}
+
+void FramedWindow::placeWholly(const WindowPlace& place) {
+    const QPoint corner(pixelsOfTwips(place.left), pixelsOfTwips(place.top));
+    const QScreen* const there = QGuiApplication::screenAt(corner);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    const QSize most = room.size() - frame;
+    const QSize wanted = QSize(pixelsOfTwips(place.width), pixelsOfTwips(place.height))
+                             .expandedTo(minimumSize())
+                             .boundedTo(most);
+    resize(wanted);
+    move(std::clamp(corner.x(), room.left(), room.left() + most.width() - wanted.width()),
+         std::clamp(corner.y(), room.top(), room.top() + most.height() - wanted.height()));
+}
+
+double FramedWindow::roomWidth() const { return screen()->availableGeometry().width() * double{twipsAPixel}; }
+double FramedWindow::roomHeight() const {
+    return screen()->availableGeometry().height() * double{twipsAPixel};
 }
 
 void FramedWindow::DragWindow() {

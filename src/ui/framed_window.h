@@ -43,6 +43,13 @@ class FramedWindow : public QWidget {
     int edgeWidth() const { return isMaximized() ? 0 : frameThickness; }
     /// Moves the window, kept wholly on a screen that exists; twips (15 a pixel).
     void moveOntoScreen(double left, double top);
+    /// Where the window stands, in twips.
+    WindowPlace placeInTwips() const;
+    /// Moves and sizes the window, kept wholly on a screen that exists.
+    void placeWholly(const WindowPlace& place);
+    /// The room that its screen has, in twips.
+    double roomWidth() const;
+    double roomHeight() const;
     /// The size with which client() is that large.
     QSize sizeAround(QSize client) const;
 

@@ -1,0 +1,184 @@
+#include "synth/keyboard_window.h"
+
+#include <QCloseEvent>
+#include <QScrollArea>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/qt_mouse.h"
+#include "synth/keyboard_compose_panel.h"
+#include "synth/keyboard_playing_panel.h"
+#include "synth/keyboard_setup_panel.h"
+#include "synth/keyboard_sound_panel.h"
+#include "synth/keyboard_toolbar.h"
+#include "synth/panic_bar_panel.h"
+#include "synth/piano_view.h"
+#include "ui/qt_bindings.h"
+#include "ui/qt_window_place.h"
+
+namespace melvane {
+
+namespace {
+
+// Pixels.
+constexpr QSize usualSize(1120, 640);
+constexpr int space = 4, pageMargin = 8, bottomMargin = 20, leastKeys = 120;
+
+}  // namespace
+
+frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
+    : FramedWindow(studio, {"frmsynth", "Melvane  Keyboard  v1.0", {true, true, true}, true, Qt::Window},
+                   nullptr),
+      studio_(studio),
+      commands_(commands),
+      toolbar_(new KeyboardToolbar(studio, client())),
+      Label4_(new PanicBarPanel(studio.frmsynth.Label4, client())),
+      Picture5_(new PianoView(studio, client())),
+      Picture2_(makePages()) {
+    setHelp([&commands] { commands.window.Cmd2_Click(3); });
+    bindShown(*Picture2_, studio.frmsynth.Picture2, [this] { layOut(); });
+    attachKeys();
+    client()->installEventFilter(this);
+    resize(sizeAround(usualSize));
+    commands_.window.frame = this;
+}
+
+frmsynth::~frmsynth() {
+    if (commands_.window.frame == this) commands_.window.frame = nullptr;
+}
+
+QWidget* frmsynth::makePages() {
+    auto* const panel = new QWidget(client());
+    panel->setObjectName("Picture2");
+    auto* const box = new QVBoxLayout(panel);
+    box->setContentsMargins(0, 0, 0, 0);
+    SSTab1_ = new QTabWidget(panel);
+    SSTab1_->setObjectName("SSTab1");
+    SSTab1_->setAccessibleName("Pages of the keyboard");
+    SSTab1_->tabBar()->setDrawBase(false);
+    SSTab1_->setProperty("onGround", true);
+    box->addWidget(SSTab1_);
+    addPage(new KeyboardSetupPanel(studio_, panel), "Setup");
+    addPage(new KeyboardComposePanel(studio_, commands_.sliders, panel), "Compose");
+    addPage(new KeyboardSoundPanel(studio_, commands_.sliders, panel), "Sound 1");
+    addPage(new KeyboardPlayingPanel(studio_, commands_.sliders, commands_.instrument, panel), "Sound  2");
+    return panel;
+}
+
+/// A page that has not enough room can be scrolled.
+void frmsynth::addPage(QWidget* page, const QString& title) {
+    auto* const around = new QWidget;
+    auto* const box = new QVBoxLayout(around);
+    box->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    box->addWidget(page);
+    box->addStretch();
+    auto* const area = new QScrollArea(SSTab1_);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(around);
+    SSTab1_->addTab(area, title);
+}
+
+void frmsynth::attachKeys() {
+    auto& mouse = commands_.mouse;
+    Picture5_->pressed = [&mouse](int index, int button, int shift, double x, double y) {
+        mouse.CmdKey_MouseDown(index, button, shift, x, y);
+    };
+    Picture5_->moved = [&mouse](int index, int button, int shift, double x, double y) {
+        mouse.CmdKey_MouseMove(index, button, shift, x, y);
+    };
+    Picture5_->released = [&mouse](int index, int button, int shift, double x, double y) {
+        mouse.CmdKey_MouseUp(index, button, shift, x, y);
+    };
+    Picture5_->ground.moved = [&mouse](int button, int shift, double x, double y) {
+        mouse.Picture5_MouseMove(button, shift, x, y);
+    };
+    Label4_->mouse = mouseHandlers(mouse, &KeyMouse::Label4_MouseDown, &KeyMouse::Label4_MouseMove,
+                                   &KeyMouse::Label4_MouseUp);
+}
+
+// Events
+
+void frmsynth::showEvent(QShowEvent* event) {
+    if (!event->spontaneous() && !loaded()) commands_.window.Form_Load();
+    FramedWindow::showEvent(event);
+    followSize();
+}
+
+void frmsynth::tellPlace() {
+    if (!isMinimized()) studio_.frmsynth.place = placeInTwips();
+}
+
+void frmsynth::followSize() {
+    if (!loaded() || isMinimized()) return;
+    tellPlace();
+    commands_.window.Form_Resize();
+    layOut();
+}
+
+void frmsynth::moveEvent(QMoveEvent* event) {
+    FramedWindow::moveEvent(event);
+    if (loaded()) tellPlace();
+}
+
+void frmsynth::resizeEvent(QResizeEvent* event) {
+    FramedWindow::resizeEvent(event);
+    followSize();
+    layOut();
+}
+
+void frmsynth::changeEvent(QEvent* event) {
+    FramedWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) followSize();
+    if (event->type() == QEvent::FontChange) layOut();
+}
+
+void frmsynth::closeEvent(QCloseEvent* event) {
+    event->accept();
+    commands_.window.Form_Unload();
+}
+
+/// A larger font asks for other heights.
+bool frmsynth::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == client() && event->type() == QEvent::LayoutRequest) layOut();
+    return FramedWindow::eventFilter(watched, event);
+}
+
+// Layout
+
+/// What the tallest page asks for, with the tabs over it.
+int frmsynth::pagesHeight(int width) const {
+    int tallest = 0;
+    for (int at = 0; at < SSTab1_->count(); ++at) {
+        const auto* const area = static_cast<const QScrollArea*>(SSTab1_->widget(at));
+        tallest = std::max(tallest, area->widget()->heightForWidth(width - 2));
+    }
+    return tallest + SSTab1_->tabBar()->sizeHint().height() + 2;
+}
+
+/// The keys have the shape of a piano's where the pages leave them the height; without the pages they have it
+/// all.
+void frmsynth::layOut() {
+    if (Picture2_ == nullptr) return;
+    const auto& synth = studio_.frmsynth;
+    const int keysWidth = pixelsOfTwips(synth.Picture5.place().width);
+    const int width = keysWidth > 0 ? keysWidth : client()->width();
+    const int left = (client()->width() - width) / 2;
+    toolbar_->setGeometry(left, 0, width, KeyboardToolbar::height);
+    const int barHeight = Label4_->sizeHint().height();
+    Label4_->setGeometry(left, KeyboardToolbar::height, width, barHeight);
+    const int top = KeyboardToolbar::height + barHeight + space;
+    const int room = std::max(0, client()->height() - top - bottomMargin);
+    const bool pages = synth.Picture2.visible();
+    const int spare = room - (pages ? pagesHeight(width) + 2 * space : 0);
+    const int keys =
+        pages ? std::clamp(spare, leastKeys, std::max(leastKeys, PianoView::naturalHeight(width))) : room;
+    Picture5_->setGeometry(left, top, width, keys);
+    const int below = top + keys + 2 * space;
+    Picture2_->setGeometry(left, below, width, std::max(0, client()->height() - below - bottomMargin));
+}
+
+}  // namespace melvane

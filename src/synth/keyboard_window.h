@@ -1,0 +1,61 @@
+#pragma once
+#include "core/main_frame.h"
+#include "core/studio.h"
+#include "synth/keyboard_commands.h"
+#include "ui/framed_window.h"
+
+class QTabWidget;
+
+namespace melvane {
+
+class KeyboardToolbar;
+class PanicBarPanel;
+class PianoView;
+
+/// The keyboard window: an instrument at the computer's keys over a panel of four pages. It is loaded when it
+/// is shown first; closing it ends the program.
+class frmsynth : public FramedWindow, public MainFrame {
+    Q_OBJECT
+    Q_PROPERTY(bool loaded READ loaded)
+
+ public:
+    frmsynth(Studio& studio, KeyboardCommands& commands);
+    ~frmsynth() override;
+    bool loaded() const { return studio_.frmsynth.loaded; }
+
+    double screenWidth() const override { return roomWidth(); }
+    double screenHeight() const override { return roomHeight(); }
+    WindowPlace place() const override { return placeInTwips(); }
+    void setPlace(const WindowPlace& place) override { placeWholly(place); }
+    void ApplySkin() override { FramedWindow::ApplySkin(); }
+    void show() override { QWidget::show(); }
+    void hide() override { QWidget::hide(); }
+    void unload() override { close(); }
+
+ protected:
+    void showEvent(QShowEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    QWidget* makePages();
+    void addPage(QWidget* page, const QString& title);
+    void attachKeys();
+    void tellPlace();
+    void followSize();
+    void layOut();
+    int pagesHeight(int width) const;
+
+    Studio& studio_;
+    KeyboardCommands& commands_;
+    KeyboardToolbar* toolbar_;
+    PanicBarPanel* Label4_;
+    PianoView* Picture5_;
+    QTabWidget* SSTab1_ = nullptr;
+    QWidget* Picture2_;
+};
+
+}  // namespace melvane
