@@ -36,7 +36,8 @@ frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
       toolbar_(new KeyboardToolbar(studio, client())),
       Label4_(new PanicBarPanel(studio.frmsynth.Label4, client())),
       Picture5_(new PianoView(studio, client())),
-      Picture2_(makePages()) {
+      Picture2_(makePages()),
+      keyPreview_(studio, *this, commands) {
     setHelp([&commands] { commands.window.Cmd2_Click(3); });
     bindShown(*Picture2_, studio.frmsynth.Picture2, [this] { layOut(); });
     attachKeys();

@@ -2,6 +2,7 @@
 #include "core/main_frame.h"
 #include "core/studio.h"
 #include "synth/keyboard_commands.h"
+#include "synth/qt_key_preview.h"
 #include "ui/framed_window.h"
 
 class QTabWidget;
@@ -56,6 +57,7 @@ class frmsynth : public FramedWindow, public MainFrame {
     PianoView* Picture5_;
     QTabWidget* SSTab1_ = nullptr;
     QWidget* Picture2_;
+    KeyPreview keyPreview_;
 };
 
 }  // namespace melvane
