@@ -29,7 +29,7 @@ void buildListsOfAnHour(benchmark::State& state) {
     for (auto _ : state) {
         performance::withPauses({hour.repeats, hour.rows}, rate, performance);
         performance::toCells(performance, rate, cells);
-        performance::thinToShape(cells, rate * 0.01, 12);
+        performance::thinToShape(cells, rate, 12);
         benchmark::DoNotOptimize(cells.count());
     }
     state.counters["cells"] = cells.count();

@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::string_view on = "ON", off = "OFF";
 constexpr Colour lampOn{0, 255, 0}, lampOff{255, 0, 0};
-constexpr double shortestTick = 0.001;  // seconds; a tick of none would never let time pass
+// Seconds. A tick of none would never let time pass, and one without end could never be stopped.
+constexpr double leastTick = 0.0001, tickForNone = 0.001, longestTick = 86400;
 constexpr int itemsWithoutWorth = 2;
 
 }  // namespace
@@ -41,7 +42,10 @@ void PerformanceCapture::Comp1_Click() {
                                   "Recording has not been saved. Overwrite?", BoxButtons::yesNo);
     }
     for (TextList* list : {&keyboard.List1, &keyboard.List3, &keyboard.List4}) list->clear();
-    if (!isOff()) return setLamp(false);
+    if (!isOff()) {
+        setLamp(false);
+        return run();  // which ends at once
+    }
     auto& button = studio_.frmsynth.CmdRec;
     button.setPicture("compose_stop");
     button.setTip("Stop Composing");
@@ -80,7 +84,8 @@ void PerformanceCapture::waitTicks(double ticks) {
         parts_.stopWatches.StopWatchStart(slot);
     }
     const double seconds = leadingNumber(studio_.frmsynth.Text2.text()) * ticks * 0.001;
-    parts_.stopWatches.WaitSecondsBusy(slot, std::max(seconds, shortestTick));
+    parts_.stopWatches.WaitSecondsBusy(slot,
+                                       seconds < leastTick ? tickForNone : std::min(seconds, longestTick));
 }
 
 void PerformanceCapture::TimeOut() { waitTicks(1); }

@@ -104,9 +104,9 @@ int removeRests(TextList& list, int from, int to, bool whole) {
     return std::max(from, to + 1);
 }
 
-/// Takes rests out of each run of them, from `share` of its count on: all of them, or every second one. The
-/// count goes on from run to run with what its share came to; answers the last.
-int thinRests(TextList& cells, double share, bool whole) {
+/// Takes rests out of each run of them, from `rate` times `unit` of its count on: all of them, or every
+/// second one. The count goes on from run to run with what that came to; answers the last.
+int thinRests(TextList& cells, double rate, double unit, bool whole) {
     const int last = cells.count();
     int run = 0;
     for (int at = 0; at <= last && at < cells.count(); ++at) {
@@ -114,7 +114,7 @@ int thinRests(TextList& cells, double share, bool whole) {
         const int start = at;
         ++run;
         for (; isRest(cells.at(at)) && at <= cells.count() - 1; ++at) ++run;
-        run = rounded(run * share);
+        run = rounded(run * rate * unit);  // in this order: exact halves stay exact
         at = removeRests(cells, start + run, at, whole) + 2;
     }
     return run;
@@ -168,11 +168,11 @@ void withPauses(const Capture& capture, double rate, TextList& performance) {
 void toCells(const TextList& performance, double rate, TextList& cells) {
     cells.clear();
     CellWriter(performance, rate, cells).write();
-    thinRests(cells, 0.1, false);
+    thinRests(cells, 1, 0.1, false);
 }
 
-void thinToShape(TextList& cells, double share, int octaveShift) {
-    const int run = thinRests(cells, share, true);
+void thinToShape(TextList& cells, double rate, int octaveShift) {
+    const int run = thinRests(cells, rate, 0.01, true);
     shift(cells, octaveShift);
     shortenRests(cells, run);
 }

@@ -27,8 +27,8 @@ void withPauses(const Capture& capture, double rate, TextList& performance);
 /// more are cut down; `rate` as above.
 void toCells(const TextList& performance, double rate, TextList& cells);
 
-/// Takes out the rests of each run from `share` of its count on, moves the rows `octaveShift` up the score,
-/// and leaves no run of rests much longer than 9 cells.
-void thinToShape(TextList& cells, double share, int octaveShift);
+/// Takes out the rests of each run from `rate` hundredths of its count on, moves the rows `octaveShift` up
+/// the score, and leaves no run of rests much longer than 9 cells.
+void thinToShape(TextList& cells, double rate, int octaveShift);
 
 }  // namespace melvane::performance

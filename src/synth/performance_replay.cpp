@@ -26,6 +26,9 @@ void paintReplayed(Studio& studio, int key) {
 
 PerformanceReplay::PerformanceReplay(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {
     auto& synth = studio.frmsynth;
+    synth.Check3.setTip("Insert pauses");
+    synth.Check6.setTip("Pause / Play");
+    synth.Text2.setTip("Playing Speed");
     synth.Command2.acted = [this] { Command2_Click(); };
     synth.Check4.acted = [this] { Check4_Click(); };
     synth.Check6.acted = [this] { Check6_Click(); };

@@ -12,7 +12,6 @@ namespace melvane {
 namespace {
 
 constexpr int itemsWithoutWorth = 2, otherTracks = 12, tracks = 13, chordRows = 9;
-constexpr double restShare = 0.01;
 
 /// A line of `count` times the same number.
 std::string line(int number, int count) {
@@ -73,7 +72,7 @@ void PerformanceSaving::Command4_Click() {
 
 void PerformanceSaving::Command10_Click() {
     auto& keyboard = studio_.keyboard;
-    performance::thinToShape(keyboard.List5, rate() * restShare, keyboard.OctaveShift);
+    performance::thinToShape(keyboard.List5, rate(), keyboard.OctaveShift);
 }
 
 std::string PerformanceSaving::scoreText() {
@@ -85,7 +84,9 @@ std::string PerformanceSaving::scoreText() {
     length = keyboard.List5.count();
     for (int track = 0; track < otherTracks; ++track) text += "-1\r\n" + line(instrument, 1);
     assign(studio_.score.Tempo, leadingNumber(studio_.frmsynth.Text8.text()));
-    text += std::to_string(studio_.score.Tempo) + "\r\n" + line(instrument, tracks) + "Polyphonics\r\n";
+    // The one line with blanks, as in every score file.
+    text += (studio_.score.Tempo < 0 ? "" : " ") + std::to_string(studio_.score.Tempo) + " \r\n";
+    text += line(instrument, tracks) + "Polyphonics\r\n";
     for (int row = 0; row < chordRows; ++row) text += line(0, length + 2);
     struct Section {
         const char* title;
