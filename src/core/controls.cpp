@@ -98,11 +98,19 @@ void SliderControl::step(int steps) {
     set(static_cast<int>(std::clamp<double>(next, lowest(), highest())));
 }
 
+double SliderControl::placeOf(double value) const {
+    return (value - scale_.first) / (static_cast<double>(scale_.steps) * scale_.factor);
+}
+
 double SliderControl::place() const {
-    const double range = static_cast<double>(scale_.steps) * scale_.factor;
     const double now = value();
-    const bool holds = held_ && held_->value == now;
-    return std::clamp(holds ? held_->place : (now - scale_.first) / range, 0.0, 1.0);
+    const bool holds = held_ && (!followsNumber || held_->value == now);
+    return std::clamp(holds ? held_->place : placeOf(now), 0.0, 1.0);
+}
+
+void SliderControl::set(int number) {
+    number_.set(std::to_string(number));
+    if (!followsNumber) setPlace(std::nullopt);
 }
 
 void SliderControl::drag(double X) {
@@ -111,6 +119,7 @@ void SliderControl::drag(double X) {
 }
 
 void SliderControl::setPlace(std::optional<double> place) {
+    if (!place && !followsNumber) place = placeOf(value());
     store(held_, place ? std::optional(Held{*place, value()}) : std::nullopt);
 }
 

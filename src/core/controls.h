@@ -188,6 +188,9 @@ class SliderControl : public Control {
 
     int trackWidth = 76, pointerWidth = 10;
     SliderPointer pointer{*this};
+    /// Whether the pointer goes with the label's number, whoever sets that; else it moves with the slider
+    /// alone.
+    bool followsNumber = true;
 
     const SliderScale& scale() const { return scale_; }
     int lowest() const { return std::min({scale_.first, last(), scale_.resting}); }
@@ -195,7 +198,7 @@ class SliderControl : public Control {
     int number() const;
     /// The same with what stands behind its point.
     double value() const;
-    void set(int number) { number_.set(std::to_string(number)); }
+    void set(int number);
     /// The number that a drag to the mouse at X gives; X from the track's left edge.
     int numberAt(double X) const;
     /// By so many steps to the right or left, inside the range.
@@ -208,14 +211,15 @@ class SliderControl : public Control {
     /// What a drag to the mouse at X does: the number, and the pointer under the mouse, between two numbers
     /// too.
     void drag(double X);
-    /// Puts the pointer to a place on its way, 0 to 1, for as long as the number stays; nothing: where that
-    /// says.
+    /// Puts the pointer to a place on its way, 0 to 1, for as long as the number stays if it follows that;
+    /// nothing: where the number says.
     void setPlace(std::optional<double> place);
     Value shown() const override { return static_cast<long long>(number()); }
     bool userPut(const Value& value) override;
 
  private:
     int last() const { return scale_.first + scale_.steps * scale_.factor; }
+    double placeOf(double value) const;
 
     TextControl& number_;
     SliderScale scale_;

@@ -19,6 +19,12 @@ constexpr int pointerAtRest = 15;     // twips from the slider's left edge at mo
 
 }  // namespace
 
+/// The strum slider is moved by hand alone: a strum value that comes from elsewhere leaves its pointer.
+LiveNotes::LiveNotes(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {
+    studio.frmsynth.LblStrum.followsNumber = false;
+    studio.frmsynth.LblStrum.setPlace(0);
+}
+
 // The press
 
 /// The second filter against repeats, which also knows a key that was held when another came up. It compares

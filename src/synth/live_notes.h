@@ -15,7 +15,7 @@ class LiveNotes {
         Clock& clock;
         EventLoop& loop;
     };
-    LiveNotes(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
+    LiveNotes(Studio& studio, Parts parts);
 
     /// Sounds the key and its chord; 44 is no key. Returns when the strum has ended.
     void NoteDown3(int KeyIndex);
