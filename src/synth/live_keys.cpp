@@ -83,18 +83,31 @@ void LiveKeys::hold(int code) {
 void LiveKeys::strike(int keyIndex) {
     assign(studio_.keyboard.LastDownKey, keyIndex);
     const auto held = std::ranges::find(heldKeys_, lastCode_, &HeldKey::code);
-    if (held != heldKeys_.end() && keyIndex != Keyboard::noKey) held->struck = keyIndex;
+    if (held != heldKeys_.end() && keyIndex != Keyboard::noKey) held->struck.insert(keyIndex);
     notes_.NoteDown3(keyIndex);
 }
 
 /// Of several keys that are known by what they typed, a release names the last one alone: the others are
 /// released by what they struck.
+void LiveKeys::releaseHeld(const HeldKey& held) {
+    Form_KeyUp(held.code, 0);
+    const std::string released = studio_.keyboard.ReleasedKeyText;
+    for (const int struck : held.struck) {
+        if (released != std::to_string(struck)) notes_.NoteUp3(struck);
+    }
+}
+
+/// The Spacebar comes last: with it down a release ends the whole chord, but leaves a single note on, which a
+/// second one ends.
 void LiveKeys::releaseHeldKeys() {
-    for (const HeldKey& held : std::exchange(heldKeys_, {})) {
-        if (isEditing()) continue;
-        Form_KeyUp(held.code, 0);
-        const bool missed = held.struck && studio_.keyboard.ReleasedKeyText != std::to_string(*held.struck);
-        if (missed) notes_.NoteUp3(*held.struck);
+    auto held = std::exchange(heldKeys_, {});
+    if (isEditing()) return;
+    const auto space =
+        std::ranges::stable_partition(held, [](const auto& key) { return key.code != spaceCode; });
+    for (const HeldKey& key : held) releaseHeld(key);
+    if (space.empty()) return;
+    for (const HeldKey& key : held) {
+        for (const int struck : key.struck) notes_.NoteUp3(struck);
     }
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-#include <optional>
+#include <set>
 #include <vector>
 
 #include "synth/live_notes.h"
@@ -26,16 +26,18 @@ class LiveKeys {
     void listNames(NameTables& tables);
 
  private:
-    /// A key of the computer that is down, and the key of the piano that it has struck.
+    /// A key of the computer that is down, and the keys of the piano that it has struck: one as a rule, more
+    /// when what it types has changed meanwhile.
     struct HeldKey {
         int code;
-        std::optional<int> struck;
+        std::set<int> struck;
     };
 
     bool isEditing() const { return studio_.frmsynth.Check1.ticked(); }
     bool isRepeat(int keyIndex) const;
     void hold(int code);
     void strike(int keyIndex);
+    void releaseHeld(const HeldKey& held);
     void pressSpace();
     void releaseSpace();
 

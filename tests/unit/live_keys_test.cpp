@@ -215,6 +215,25 @@ TEST_F(LiveKeysTest, LosingTheFocusReleasesEveryHeldKey) {
     EXPECT_TRUE(sent().empty()) << "nothing is held any more";
 }
 
+TEST_F(LiveKeysTest, LosingTheFocusEndsWhatPlaysWithTheSpacebarDown) {
+    window().Check2.userPut(true);
+    for (const char* type : {"0", "1", "10"}) {
+        window().Text4.set(type);
+        press(' ');
+        press('Z');
+        press('V');
+        std::set<std::string> sounding;
+        for (const auto& line : sent()) sounding.insert(line.substr(3, 2));
+        synth().releaseHeldKeys();
+        for (const auto& line : sent()) {
+            EXPECT_TRUE(line.starts_with("80")) << line;
+            sounding.erase(line.substr(3, 2));
+        }
+        EXPECT_TRUE(sounding.empty()) << type << ": " << *sounding.begin();
+        EXPECT_EQ(state().SpaceKeyCode, 0);
+    }
+}
+
 TEST_F(LiveKeysTest, AKeyThatCameUpIsNotReleasedAgainAtTheLossOfTheFocus) {
     press('Z');
     release('Z');
