@@ -43,7 +43,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       menus(studio, {settings, toolWindows, blocks, files, player, panic, startUp, toolbar}),
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
       keyboard(studio, {settings, fileOperations, output, outside.dialogs, outside.clock, outside.loop,
-                        outside.directories, picker, stopWatches, frame, toolWindows}),
+                        outside.directories, picker, stopWatches, frame}),
       surfaces_(surfaces) {
     connectControls();
     listNames();
@@ -63,6 +63,7 @@ void Engine::connectControls() {
     main.Check1.acted = [this] { panel.Check1_Click(); };
     main.CmdInst.acted = [this] { noteInstrument.Text5_DblClick(); };
     main.Combo5.acted = [this] { instruments.Combo5_Click(); };
+    keyboard.window.showedComposer = [this] { startUp.showScoreTools(); };
     files.MidiFile = [this] { midiExport.MidiFile(); };
 }
 

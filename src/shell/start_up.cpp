@@ -164,6 +164,7 @@ void StartUp::Form_Activate() {
 
 void StartUp::Form_Unload() {
     studio_.shell.Ending = true;
+    if (hidden_.setup) studio_.shell.Form3Open = true;  // only the keyboard has hidden it
     parts_.output.CloseMidi();
     parts_.score.ClearNoteArrays();
     storePlace(frame_.place());
@@ -187,7 +188,21 @@ bool StartUp::IsAlreadyRunning() {
 
 void StartUp::OpenKeyboardWindow() {
     if (IsAlreadyRunning() || !parts_.output.CheckMidiDevices()) return;
-    if (toolWindows_.showWindow("frmsynth")) frame_.hide();
+    if (!toolWindows_.showWindow("frmsynth")) return;
+    hideScoreTools();
+    frame_.hide();
+}
+
+void StartUp::hideScoreTools() {
+    hidden_ = {studio_.shell.Form2Open, studio_.shell.Form3Open};
+    if (hidden_.editing) toolWindows_.setShown(ToolWindows::Window::editing, false);
+    if (hidden_.setup) toolWindows_.setShown(ToolWindows::Window::setup, false);
+}
+
+void StartUp::showScoreTools() {
+    if (hidden_.editing) toolWindows_.setShown(ToolWindows::Window::editing, true);
+    if (hidden_.setup) toolWindows_.setShown(ToolWindows::Window::setup, true);
+    hidden_ = {};
 }
 
 void StartUp::listNames(NameTables& tables) {

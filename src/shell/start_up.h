@@ -60,7 +60,10 @@ class StartUp {
     /// True, after a message, when another instance of this user runs.
     bool IsAlreadyRunning();
     /// Shows the keyboard window in the main window's place when the single-instance and device tests pass.
+    /// The score's own tool windows go with it.
     void OpenKeyboardWindow();
+    /// The main window is shown again after that: so are they.
+    void showScoreTools();
 
     /// Whether another instance runs; set by main, none without it.
     std::function<bool()> anotherInstanceRuns;
@@ -77,6 +80,7 @@ class StartUp {
     void readPlace(const char* key, double otherwise, double& value);
     void storePlace(const WindowPlace& place);
     void showToolbars();
+    void hideScoreTools();
 
     Studio& studio_;
     Outside& outside_;
@@ -84,6 +88,9 @@ class StartUp {
     MainFrame& frame_;
     ToolWindows& toolWindows_;
     Parts parts_;
+    struct {
+        bool editing = false, setup = false;
+    } hidden_;  ///< what OpenKeyboardWindow has hidden
 };
 
 }  // namespace melvane

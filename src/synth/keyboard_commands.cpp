@@ -21,8 +21,8 @@ KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
       choices(studio),
       sliders(studio, parts.output, channels, choices),
       instrument(studio, {parts.settings, parts.output, parts.picker, channels}),
-      window(studio, {parts.settings, parts.output, parts.stopWatches, parts.mainWindow, parts.toolWindows,
-                      parts.directories, layout, schemes, keys, beats, channels, instrument}) {
+      window(studio, {parts.settings, parts.output, parts.stopWatches, parts.mainWindow, parts.directories,
+                      layout, schemes, keys, beats, channels, instrument}) {
     layout.layKeys();
 }
 

@@ -28,7 +28,6 @@ class KeyboardCommands {
         Picker& picker;
         StopWatches& stopWatches;
         MainFrame& mainWindow;
-        ToolWindows& toolWindows;
     };
     KeyboardCommands(Studio& studio, Parts parts);
 

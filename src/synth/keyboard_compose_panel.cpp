@@ -25,13 +25,14 @@ class Lamp : public QWidget {
  public:
     Lamp(TextControl& state, QWidget* parent) : QWidget(parent), state_(state) {
         setObjectName("Label8");
-        setFixedSize(lampSide, lampSide);
         bindShown(*this, state, [this] {
-            const bool runs = state_.text() == "ON";
-            setToolTip(runs ? "A capture is on" : "A capture is off");
+            setToolTip(state_.text() == "ON" ? "A capture is on" : "A capture is off");
             setAccessibleName(toolTip());
             update();
         });
+    }
+    QSize sizeHint() const override {
+        return {lampSide + fontMetrics().horizontalAdvance("OFF") + 4, lampSide};
     }
 
  protected:
@@ -40,11 +41,15 @@ class Lamp : public QWidget {
         painter.setRenderHint(QPainter::Antialiasing);
         const QColor colour = toQt(state_.backColour());
         painter.setPen(QPen(colour.darker(160), 1.5));
-        QRadialGradient light(QRectF(rect()).center() - QPointF(2, 2), lampRadius * 1.5);
+        const QPointF middle(lampSide / 2.0, height() / 2.0);
+        QRadialGradient light(middle - QPointF(2, 2), lampRadius * 1.5);
         light.setColorAt(0, colour.lighter(150));
         light.setColorAt(1, colour);
         painter.setBrush(light);
-        painter.drawEllipse(QRectF(rect()).center(), lampRadius, lampRadius);
+        painter.drawEllipse(middle, lampRadius, lampRadius);
+        painter.setPen(palette::text);
+        painter.drawText(rect().adjusted(lampSide, 0, 0, 0), Qt::AlignVCenter,
+                         QString::fromStdString(state_.text()));
     }
 
  private:

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ui/qt_bindings.h"
+#include "ui/qt_icons.h"
 #include "ui/qt_panel_parts.h"
 #include "ui/slider_panel.h"
 
@@ -92,7 +93,8 @@ QPushButton* makeKeyboardButton(const char* name, const char* text, const char* 
     auto* const widget = new QPushButton(text, parent);
     widget->setObjectName(name);
     widget->setToolTip(tip);
-    bindState(*widget, button);
+    bindShown(*widget, button,
+              [widget, &button] { widget->setIcon(icon(QString::fromStdString(button.picture()))); });
     QObject::connect(widget, &QPushButton::clicked, widget, [&button] { button.userPut(Value(1LL)); });
     return widget;
 }

@@ -71,7 +71,7 @@ QWidget* makeInstrument(KeyboardControls& synth, KeyboardInstrument& instrument,
 }
 
 QWidget* makeNoteType(KeyboardControls& synth, KeyboardSliders& sliders, QWidget* parent) {
-    auto* const group = new KeyboardGroup("Note Type", parent);
+    auto* const group = new KeyboardGroup("Chord", parent);
     group->rows().addWidget(
         makeKeyboardSlider(sliders, KeyboardSliders::chord, "Note Type", "LblChord", synth.LblChord, group));
     auto* const grid = new QGridLayout;
@@ -88,7 +88,7 @@ QWidget* makeNoteType(KeyboardControls& synth, KeyboardSliders& sliders, QWidget
 }
 
 QWidget* makeOctave(KeyboardControls& synth, KeyboardSliders& sliders, QWidget* parent) {
-    auto* const group = new KeyboardGroup("Octave", parent);
+    auto* const group = new KeyboardGroup("Pitch", parent);
     group->rows().addWidget(
         makeKeyboardSlider(sliders, KeyboardSliders::octave, "Octave", "LblOctave", synth.LblOctave, group));
     auto* const row = new QHBoxLayout;

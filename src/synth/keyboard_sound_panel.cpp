@@ -61,6 +61,7 @@ class BeatLight : public QWidget {
 QWidget* makeLights(KeyboardControls& synth, QWidget* parent) {
     auto* const panel = new QWidget(parent);
     panel->setObjectName("Picmetro");
+    panel->setAccessibleName("Lights of the beats");
     auto policy = panel->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     panel->setSizePolicy(policy);
@@ -77,7 +78,7 @@ QWidget* makeLights(KeyboardControls& synth, QWidget* parent) {
 }
 
 QWidget* makeChannel(KeyboardControls& synth, KeyboardSliders& sliders, QWidget* parent) {
-    auto* const group = new KeyboardGroup("Channel", parent);
+    auto* const group = new KeyboardGroup("Keys", parent);
     group->rows().addWidget(makeKeyboardSlider(sliders, KeyboardSliders::channel, "Channel", "LblChannel",
                                                synth.LblChannel, group));
     group->addRow({makeTick("ChkSustain", "Hold", "Notes of the channel sound on after their keys are up",

@@ -43,6 +43,7 @@ frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
     attachKeys();
     client()->installEventFilter(this);
     resize(sizeAround(usualSize));
+    Picture5_->setFocus();
     commands_.window.frame = this;
 }
 

@@ -13,6 +13,7 @@ namespace {
 constexpr Colour windowGround{207, 207, 207}, keyGround{0x11, 0x71, 0xC5};
 constexpr double usualLeft = 100, usualTop = 200, repairedLeft = 500, repairedTop = 500;  // twips
 constexpr Int16 usualVolume = 127;
+constexpr std::size_t recorderButton = 5;
 
 // Twips.
 constexpr double sideRoom = 50.0 * twipsAPixel;  // what the ground of the keys leaves of the window's width
@@ -100,6 +101,7 @@ void KeyboardWindowCommands::setColours() {
 void KeyboardWindowCommands::layOutToolbar() {
     auto& buttons = studio_.frmsynth.Cmd2;
     for (std::size_t at = 0; at < buttons.size(); ++at) buttons[at].setTip(tip(static_cast<int>(at)));
+    buttons[recorderButton].setEnabled(openRecorder != nullptr);
 }
 
 /// At the horizontal centre of the screen, a third of the way down.
@@ -165,7 +167,7 @@ void KeyboardWindowCommands::Cmd2_Click(int Index) {
         case 4:
             return unload();
         case 5:
-            parts_.toolWindows.showWindow("Record");
+            if (openRecorder) openRecorder();
             return;
         case 6:
             return showComposer();
@@ -200,6 +202,7 @@ void KeyboardWindowCommands::CmdEdit_Click() {
 
 void KeyboardWindowCommands::showComposer() {
     parts_.mainWindow.show();
+    if (showedComposer) showedComposer();
     if (frame != nullptr) frame->hide();
 }
 

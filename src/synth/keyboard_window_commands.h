@@ -21,7 +21,6 @@ class KeyboardWindowCommands {
         MidiOutput& output;
         StopWatches& stopWatches;
         MainFrame& mainWindow;
-        ToolWindows& toolWindows;
         const Directories& directories;
         KeyLayout& layout;
         KeySchemes& schemes;
@@ -32,8 +31,11 @@ class KeyboardWindowCommands {
     };
     KeyboardWindowCommands(Studio& studio, Parts parts);
 
-    MainFrame* frame = nullptr;      ///< the window itself, while there is one
-    std::function<void()> showHelp;  ///< opens the help at the keyboard's topic
+    MainFrame* frame = nullptr;            ///< the window itself, while there is one
+    std::function<void()> showHelp;        ///< opens the help at the keyboard's topic
+    std::function<void()> showedComposer;  ///< after the main window was shown
+    /// Opens the recorder with the keyboard as its source; without it that button does not act.
+    std::function<void()> openRecorder;
 
     /// Everything that the window shows, from the settings; the device is opened and every channel set. Once,
     /// before the window is shown.

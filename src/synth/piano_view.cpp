@@ -17,7 +17,7 @@ namespace {
 
 constexpr double groundCorner = 7.5, whiteCorner = 4, blackCorner = 3;  // pixels
 constexpr int lip = 6;                                  // pixels, the front edge of a key that is up
-constexpr double naturalRatio = 5.4, longestRatio = 7;  // of a white key, height by width
+constexpr double naturalRatio = 6.4, longestRatio = 8;  // of a white key, height by width
 constexpr int labelPoints = 9, blackLabelPoints = 8;
 
 constexpr QColor keyEdge(0x70, 0x78, 0x80), whiteLip(0xD3, 0xD7, 0xDB);
@@ -113,6 +113,7 @@ PianoView::PianoView(Studio& studio, QWidget* parent) : QWidget(parent), studio_
     setObjectName("Picture5");
     setAccessibleName("Keys");
     setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
     auto& synth = studio.frmsynth;
     for (int index = 0; index < Keyboard::keys; ++index) {
         const auto at = static_cast<std::size_t>(index);
