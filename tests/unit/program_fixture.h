@@ -93,6 +93,7 @@ class PlainFrame final : public MainFrame {
 class RecordingToolWindows final : public ToolWindows {
  public:
     std::vector<std::string> calls;
+    bool shows = false;  ///< whether it has the windows that are asked for
 
     void setShown(Window window, bool shown) override {
         calls.push_back((shown ? "show " : "hide ") + std::to_string(static_cast<int>(window)));
@@ -102,7 +103,7 @@ class RecordingToolWindows final : public ToolWindows {
     }
     bool showWindow(const char* name) override {
         calls.push_back(std::string("load ") + name);
-        return false;
+        return shows;
     }
     void unloadWindow(const char* name) override { calls.emplace_back(std::string("unload ") + name); }
     void unloadAll() override { calls.emplace_back("unloadAll"); }
