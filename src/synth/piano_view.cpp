@@ -186,15 +186,14 @@ void PianoView::tell(const KeyHandler& handler, int index, int button, const QMo
 }
 
 void PianoView::mousePressEvent(QMouseEvent* event) {
-    if (held_) return;
-    const int index = keyAt(event->position().toPoint());
+    const int index = held_ ? held_->key : keyAt(event->position().toPoint());
     if (index == Keyboard::noKey) return event->ignore();
-    held_ = index;
+    if (!held_) held_ = {index, event->button()};
     tell(pressed, index, buttonMask(event->button()), *event);
 }
 
 void PianoView::mouseMoveEvent(QMouseEvent* event) {
-    const int index = held_.value_or(keyAt(event->position().toPoint()));
+    const int index = held_ ? held_->key : keyAt(event->position().toPoint());
     if (index != Keyboard::noKey)
         tell(moved, index, buttonMask(event->buttons()), *event);
     else if (ground.moved)
@@ -203,9 +202,9 @@ void PianoView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PianoView::mouseReleaseEvent(QMouseEvent* event) {
-    if (!held_ || event->buttons() != Qt::NoButton) return;
-    const int index = *held_;
-    held_.reset();
+    if (!held_) return;
+    const int index = held_->key;
+    if (event->button() == held_->button) held_.reset();
     tell(released, index, buttonMask(event->button()), *event);
 }
 

@@ -64,7 +64,11 @@ class PianoView : public QWidget {
 
     Studio& studio_;
     std::array<KeyLabelField*, Keyboard::keys> labels_{};
-    std::optional<int> held_;
+    struct Held {
+        int key;
+        Qt::MouseButton button;
+    };
+    std::optional<Held> held_;  ///< the key that has the mouse, until that button comes up
 };
 
 }  // namespace melvane

@@ -173,6 +173,7 @@ TEST_F(KeyboardPlayingTest, LabelsAreClickableAsTheirKeysOutsideTheEditMode) {
     QTest::mousePress(&piano(), Qt::LeftButton, {}, part("NoteX(4)").geometry().center());
     EXPECT_EQ(sent(), Lines{"90 28 64"});
     EXPECT_FALSE(part("NoteX(4)").hasFocus());
+    QTest::mouseRelease(&piano(), Qt::LeftButton, {}, part("NoteX(4)").geometry().center());
 }
 
 TEST_F(KeyboardPlayingTest, AClickedKeySoundsUntilTheButtonIsUpWhereverTheMouseIs) {
