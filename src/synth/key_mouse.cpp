@@ -16,6 +16,8 @@ constexpr int octaveType = 10;
 /// The upper notes of a click by MouseChordType: as a key's, but for the two ninths.
 constexpr ChordOffsets majorNinth(4, 7, 11, 14), minorNinth(3, 7, 10, 14);
 
+bool isKey(int index) { return index >= 0 && index < Keyboard::keys; }
+
 }  // namespace
 
 KeyMouse::KeyMouse(Studio& studio, KeySounds& sounds, EventLoop& loop)
@@ -24,7 +26,7 @@ KeyMouse::KeyMouse(Studio& studio, KeySounds& sounds, EventLoop& loop)
 }
 
 void KeyMouse::CmdKey_MouseDown(int index, int button, int, double, double) {
-    if (button != leftButton) return;
+    if (button != leftButton || !isKey(index)) return;
     studio_.keyboard.PressedKeyText = std::to_string(index);
     clicked_ = index;
     loop_.Idle();
@@ -50,9 +52,10 @@ void KeyMouse::sound(int index) {
 }
 
 void KeyMouse::CmdKey_MouseMove(int index, int, int, double, double) {
+    if (!isKey(index)) return;
     auto& synth = studio_.frmsynth;
     const auto at = static_cast<std::size_t>(index);
-    if (at < synth.CmdKey.size()) synth.CmdKey[at].setTip(synth.NoteX[at].text());
+    synth.CmdKey[at].setTip(synth.NoteX[at].text());
 }
 
 void KeyMouse::keepHistory() {
@@ -65,6 +68,7 @@ void KeyMouse::keepHistory() {
 }
 
 void KeyMouse::CmdKey_MouseUp(int index, int, int, double, double) {
+    if (!isKey(index)) return;
     clicked_.reset();
     keepHistory();
     sounds_.noteOff(0);

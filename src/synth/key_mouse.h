@@ -7,7 +7,8 @@
 namespace melvane {
 
 /// The mouse on the keys and on what stops them. A click sounds one note, whatever chord is set, also while
-/// the labels are edited; what is clicked is not captured. `button` 1 left, 2 right, 4 middle.
+/// the labels are edited; what is clicked is not captured. Keys outside 0 to 43 do nothing. `button` 1 left,
+/// 2 right, 4 middle.
 class KeyMouse {
  public:
     KeyMouse(Studio& studio, KeySounds& sounds, EventLoop& loop);

@@ -1,6 +1,7 @@
 #include "synth/live_notes.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/names.h"
 #include "synth/key_colours.h"
@@ -37,7 +38,7 @@ bool LiveNotes::isHeldStill(int keyIndex) const {
 }
 
 void LiveNotes::NoteDown3(int KeyIndex) {
-    if (KeyIndex == Keyboard::noKey) return;
+    if (KeyIndex == Keyboard::noKey || !std::in_range<Int16>(KeyIndex)) return;
     auto& keyboard = studio_.keyboard;
     keyboard.PressedKeyText = std::to_string(KeyIndex);
     if (isHeldStill(KeyIndex)) return;
@@ -122,6 +123,7 @@ void LiveNotes::markReleased(int keyIndex) {
 }
 
 void LiveNotes::NoteUp3(int KeyIndex) {
+    if (!std::in_range<Int16>(KeyIndex)) return;
     const int index = KeyIndex >= Keyboard::keys ? studio_.keyboard.LastTypedKey : KeyIndex;
     markReleased(index);
     if (!gateIsOpen()) {

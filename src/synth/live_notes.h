@@ -17,6 +17,8 @@ class LiveNotes {
     };
     LiveNotes(Studio& studio, Parts parts);
 
+    // Key indices are 16-bit; another number does nothing.
+
     /// Sounds the key and its chord; 44 is no key. Returns when the strum has ended.
     void NoteDown3(int KeyIndex);
     /// Ends them, as the octave, the channel and the chord are now; an index above 43 stands for the key that

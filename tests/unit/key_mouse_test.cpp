@@ -145,6 +145,7 @@ TEST_F(KeyMouseTest, KeysThatAreNoneDoNoHarm) {
         up(key);
     }
     EXPECT_TRUE(redKeys().empty());
+    EXPECT_TRUE(sent().empty());
 }
 
 }  // namespace
