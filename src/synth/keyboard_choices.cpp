@@ -30,7 +30,10 @@ KeyboardChoices::KeyboardChoices(Studio& studio) : studio_(studio) {
     for (std::size_t at = 0; at < synth.optChord.size(); ++at) {
         synth.optChord[at].acted = [this, at] { optChord_Click(static_cast<int>(at)); };
     }
+    // The octave is set by the slider and by Option5; these two have no place in the window.
+    synth.VsbOctave.setVisible(false);
     for (std::size_t at = 0; at < synth.OptOct.size(); ++at) {
+        synth.OptOct[at].setVisible(false);
         OptOct_MouseMove(static_cast<int>(at), 0, 0, 0, 0);
     }
     Option5_Click(noOctave);

@@ -23,6 +23,7 @@ KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
       instrument(studio, {parts.settings, parts.output, parts.picker, channels}),
       window(studio, {parts.settings, parts.output, parts.stopWatches, parts.mainWindow, parts.directories,
                       layout, schemes, keys, beats, channels, instrument}) {
+    instrument.releaseHeldKeys = [this] { releaseHeldKeys(); };
     layout.layKeys();
 }
 

@@ -66,6 +66,7 @@ void KeyboardInstrument::FillDeviceList() {
 }
 
 void KeyboardInstrument::Combo1_Click() {
+    if (releaseHeldKeys) releaseHeldKeys();
     parts_.settings.save("Devices", studio_.frmsynth.Combo1.index() - 1);
     if (openDevice()) parts_.output.send(message::drumKit);
     takeInstrument();

@@ -1,4 +1,6 @@
 #pragma once
+#include <functional>
+
 #include "core/picker.h"
 #include "core/settings.h"
 #include "synth/keyboard_channels.h"
@@ -29,6 +31,8 @@ class KeyboardInstrument {
     void FillDeviceList();
     /// The user has chosen a device: it is stored and opened, then the picker is opened.
     void Combo1_Click();
+    /// Lets go of the keys that are held, before their device is closed; set where the parts are joined.
+    std::function<void()> releaseHeldKeys;
 
     void listNames(NameTables& tables);
 
