@@ -39,7 +39,7 @@ frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
       Picture2_(makePages()),
       keyPreview_(studio, *this, commands) {
     setHelp([&commands] { commands.window.Cmd2_Click(3); });
-    bindShown(*Picture2_, studio.frmsynth.Picture2, [this] { layOut(); });
+    bindShown(*Picture2_, studio.frmsynth.Picture2, [this] { followPages(); });
     attachKeys();
     client()->installEventFilter(this);
     resize(sizeAround(usualSize));
@@ -111,7 +111,27 @@ void frmsynth::showEvent(QShowEvent* event) {
 }
 
 void frmsynth::tellPlace() {
-    if (!isMinimized()) studio_.frmsynth.place = placeInTwips();
+    if (isMinimized()) return;
+    studio_.frmsynth.place = placeInTwips();
+    if (fullHeight_) studio_.frmsynth.place.height = *fullHeight_ * double{twipsAPixel};
+}
+
+/// Without the pages the window is as high as the keys ask for; the height that it had comes back with them,
+/// and is the one that counts as its own.
+void frmsynth::followPages() {
+    const bool pages = studio_.frmsynth.Picture2.visible();
+    if (loaded() && pages == fullHeight_.has_value() && !isMaximized()) {
+        const int before = height();
+        const int wanted = pages ? *fullHeight_ : before - (Picture2_->height() + 2 * space) + spareKeys();
+        fullHeight_ = pages ? std::nullopt : std::optional(before);
+        resize(width(), std::max(wanted, minimumHeight()));
+    }
+    layOut();
+}
+
+/// How much higher the keys would like to be.
+int frmsynth::spareKeys() const {
+    return std::max(0, PianoView::naturalHeight(Picture5_->width()) - Picture5_->height());
 }
 
 void frmsynth::followSize() {
@@ -161,8 +181,7 @@ int frmsynth::pagesHeight(int width) const {
     return tallest + SSTab1_->tabBar()->sizeHint().height() + 2;
 }
 
-/// The keys have the shape of a piano's where the pages leave them the height; without the pages they have it
-/// all.
+/// The keys have the shape of a piano's where the pages leave them the height.
 void frmsynth::layOut() {
     if (Picture2_ == nullptr) return;
     const auto& synth = studio_.frmsynth;
@@ -176,8 +195,7 @@ void frmsynth::layOut() {
     const int room = std::max(0, client()->height() - top - bottomMargin);
     const bool pages = synth.Picture2.visible();
     const int spare = room - (pages ? pagesHeight(width) + 2 * space : 0);
-    const int keys =
-        pages ? std::clamp(spare, leastKeys, std::max(leastKeys, PianoView::naturalHeight(width))) : room;
+    const int keys = std::clamp(spare, leastKeys, std::max(leastKeys, PianoView::naturalHeight(width)));
     Picture5_->setGeometry(left, top, width, keys);
     const int below = top + keys + 2 * space;
     Picture2_->setGeometry(left, below, width, std::max(0, client()->height() - below - bottomMargin));

@@ -1,4 +1,6 @@
 #pragma once
+#include <optional>
+
 #include "core/main_frame.h"
 #include "core/studio.h"
 #include "synth/keyboard_commands.h"
@@ -46,6 +48,8 @@ class frmsynth : public FramedWindow, public MainFrame {
     void addPage(QWidget* page, const QString& title);
     void attachKeys();
     void tellPlace();
+    void followPages();
+    int spareKeys() const;
     void followSize();
     void layOut();
     int pagesHeight(int width) const;
@@ -57,6 +61,7 @@ class frmsynth : public FramedWindow, public MainFrame {
     PianoView* Picture5_;
     QTabWidget* SSTab1_ = nullptr;
     QWidget* Picture2_;
+    std::optional<int> fullHeight_;  ///< pixels, of the window with its pages while they are away
     KeyPreview keyPreview_;
 };
 

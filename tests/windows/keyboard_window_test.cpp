@@ -126,14 +126,27 @@ TEST_F(KeyboardWindowTest, ThePartsStandAsWideAsTheDesignHasThem) {
     EXPECT_LE(bar.y() + bar.height(), keys.y());
 }
 
-TEST_F(KeyboardWindowTest, WithoutThePagesTheKeysHaveTheRoom) {
+TEST_F(KeyboardWindowTest, WithoutThePagesTheWindowIsAsHighAsItsKeys) {
     const int before = part("Picture5").height();
     engine.keyboard.window.Cmd2_Click(1);
+    QCoreApplication::processEvents();
     EXPECT_FALSE(part("Picture2").isVisible());
-    EXPECT_GT(part("Picture5").height(), before + 200);
+    const auto& keys = part("Picture5");
+    EXPECT_GE(keys.height(), before);
+    EXPECT_EQ(keys.mapTo(&keyboard, QPoint(0, keys.height())).y(), keyboard.height() - 5 - 20);
+    EXPECT_EQ(controls().place.height, 720 * twipsAPixel) << "its own height is that with the pages";
     engine.keyboard.window.Cmd2_Click(1);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(part("Picture2").isVisible());
+    EXPECT_EQ(keyboard.height(), 720);
     EXPECT_EQ(part("Picture5").height(), before);
+}
+
+TEST_F(KeyboardWindowTest, ClosedWithoutItsPagesItStoresTheHeightThatItHasWithThem) {
+    engine.keyboard.window.Cmd2_Click(1);
+    QCoreApplication::processEvents();
+    keyboard.close();
+    EXPECT_EQ(store.read("formS height"), std::to_string(720 * twipsAPixel));
 }
 
 TEST_F(KeyboardWindowTest, EveryControlHasATipAndAName) {
