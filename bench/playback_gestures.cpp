@@ -175,7 +175,7 @@ void Script::addPage(int page) {
 }
 
 void Script::addMenus(Stage& stage) {
-    for (const char* const button : {"Cmd2(3)", "Cmd2(8)", "Cmd2(12)"}) {
+    for (const char* const button : {"ImgPic(3)", "ImgPic(8)", "ImgPic(12)"}) {
         addClick(std::string("open the menu of ") + button, at("form1", button));
         addClosing(std::string("the menu of ") + button);
     }
@@ -194,17 +194,17 @@ void Script::addMenus(Stage& stage) {
 }
 
 void Script::addEditingToolbar() {
-    addClick("show the Editing toolbar", at("form1", "Cmd2(9)"));
+    addClick("show the Editing toolbar", at("form1", "ImgPic(9)"));
     addMouse("come near its switch", at("Form2", "ImgPic(11)"), QEvent::MouseMove);
     addClick("switch it to selecting", at("Form2", "Cmd2(11)"));
     for (const char* const bar : {"VScroll2", "VScroll4", "VScroll3"}) addBar("Form2", bar, 0.5, 0.25);
     addClick("close the Editing toolbar", at("Form2", "imgTitleClose"));
-    addClick("show the Editing toolbar again", at("form1", "Cmd2(9)"));
+    addClick("show the Editing toolbar again", at("form1", "ImgPic(9)"));
 }
 
 void Script::addSetupToolbar() {
     using Sliders = SetupSliders;
-    addPick("show the Setup toolbar", "Cmd2(8)", "Setup Toolbar");
+    addPick("show the Setup toolbar", "ImgPic(8)", "Setup Toolbar");
     addSlider("Form3", Sliders::name(Sliders::tempo));
     addSlider("Form3", Sliders::name(Sliders::beats));
     addPage(1);
@@ -216,16 +216,16 @@ void Script::addSetupToolbar() {
     addPage(3);
     addBar("Form3", "VScroll3", 0.95, 0.5);
     addPage(0);
-    addPick("hide the Setup toolbar", "Cmd2(8)", "Setup Toolbar");
-    addPick("show the Setup toolbar again", "Cmd2(8)", "Setup Toolbar");
+    addPick("hide the Setup toolbar", "ImgPic(8)", "Setup Toolbar");
+    addPick("show the Setup toolbar again", "ImgPic(8)", "Setup Toolbar");
     addClick("close the Setup toolbar", at("Form3", "imgTitleClose"));
-    addPick("open the Setup toolbar anew", "Cmd2(8)", "Setup Toolbar");
+    addPick("open the Setup toolbar anew", "ImgPic(8)", "Setup Toolbar");
 }
 
 void Script::addRest() {
     addSlider("Form5", "lblVolume");
     addClick("close the note test", at("Form5", "imgTitleClose"));
-    addPick("show the help", "Cmd2(12)", "Help");
+    addPick("show the help", "ImgPic(12)", "Help");
     addClick("close the help", at("Help", "imgTitleClose"));
 }
 

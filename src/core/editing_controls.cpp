@@ -1,26 +1,16 @@
 #include "core/editing_controls.h"
 
+#include "core/flat_buttons.h"
 #include "core/names.h"
 
 namespace melvane {
 
 namespace {
 
-using Pictures = std::array<PictureControl, EditingControls::buttons>;
-
 void listFrom(ControlTable& table, const char* name, int first, std::span<PictureControl> controls) {
     for (int index = first; index < static_cast<int>(controls.size()); ++index) {
         table.addMember("Form2", name, index, controls[static_cast<std::size_t>(index)]);
     }
-}
-
-void listArt(StateTable& table, std::string name, Pictures& pictures) {
-    table.add({"Form2." + name + ".Picture", 1,
-               [&pictures](StateTable::Indices at) -> std::optional<Value> {
-                   if (at[0] < EditingControls::firstButton || at[0] > EditingControls::lastButton) return {};
-                   return pictures[static_cast<std::size_t>(at[0])].picture();
-               },
-               [](StateTable::Indices, const Value&) { return false; }});
 }
 
 void listPictures(ControlTable& table, EditingControls& Form2) {
@@ -56,8 +46,8 @@ void listFields(ControlTable& table, EditingControls& Form2) {
 
 void listEditingControls(NameTables& tables, EditingControls& Form2) {
     tables.state.add("EditToolState", Form2.EditToolState);
-    listArt(tables.state, "Cmd2", Form2.Cmd2);
-    listArt(tables.state, "ImgPic", Form2.ImgPic);
+    listArt(tables.state, "Form2.Cmd2", Form2.Cmd2, EditingControls::firstButton);
+    listArt(tables.state, "Form2.ImgPic", Form2.ImgPic, EditingControls::firstButton);
     listPictures(tables.controls, Form2);
     listFields(tables.controls, Form2);
     tables.controls.add("Form2", "ToolbCompose", Form2.ToolbCompose);

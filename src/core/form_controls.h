@@ -32,11 +32,11 @@ struct MainControls {
     std::array<TextControl, 13> Label8;  ///< channel labels; index 9 is not offered
     /// The effect read-out: modulation, pan, reverb and chorus of the note under inspection, 0 to 127.
     std::array<ScrollControl, 4> Picture10;
-    std::array<CheckControl, 15> Cmd2;        ///< the main toolbar; an entry is down while its state is on
-    CheckControl CmdInst;                     ///< "Change instrument"
-    std::array<CheckControl, 3> FunctionBut;  ///< the tablet's tools, by EditMode; not shown
-    TextControl SideBar;                      ///< the row names as one text; usually hidden
-    TextControl StatusText;                   ///< what the user is told without a box
+    std::array<PictureControl, 15> Cmd2, ImgPic;  ///< the main toolbar: buttons, and the pictures over them
+    CheckControl CmdInst;                         ///< "Change instrument"
+    std::array<CheckControl, 3> FunctionBut;      ///< the tablet's tools, by EditMode; not shown
+    TextControl SideBar;                          ///< the row names as one text; usually hidden
+    TextControl StatusText;                       ///< what the user is told without a box
 };
 
 /// The Setup toolbar. Its controls keep what they hold while it is closed.

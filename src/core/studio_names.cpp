@@ -262,7 +262,6 @@ void listMain(ControlTable& table, MainControls& form1) {
         if (track != 9)
             table.addMember("form1", "Label8", track, form1.Label8[static_cast<std::size_t>(track)]);
     }
-    table.add("form1", "Cmd2", form1.Cmd2);
     table.add("form1", "FunctionBut", form1.FunctionBut);
     table.add("form1", "StatusText", form1.StatusText);
 }

@@ -70,7 +70,8 @@ void showLoopSong(Studio& studio) {
     takePicture(toolbar, loopToggle, toolbar.ImgLoop[studio.player.LoopSong ? 1 : 2]);
 }
 
-EditingPictures::EditingPictures(Studio& studio) : studio_(studio) {
+EditingPictures::EditingPictures(Studio& studio)
+    : studio_(studio), row_(studio.Form2.Cmd2, studio.Form2.ImgPic, EditingControls::firstButton) {
     auto& toolbar = studio.Form2;
     toolbar.ImgLine[0].setPicture("position_on");
     toolbar.ImgLine[1].setPicture("position_off");
@@ -81,36 +82,17 @@ EditingPictures::EditingPictures(Studio& studio) : studio_(studio) {
     setUpIdleButtons(toolbar);
     for (std::size_t index = EditingControls::firstButton; index < buttons.size(); ++index) {
         const auto& [picture, tip] = buttons[index];
-        for (auto* const control : {&toolbar.Cmd2[index], &toolbar.ImgPic[index]}) {
-            control->setPicture(picture);
-            control->setTip(tip);
-        }
+        row_.setPicture(static_cast<int>(index), picture);
+        row_.setTip(static_cast<int>(index), tip);
         if (index < firstEditing) continue;
         toolbar.ImgPicy[index].setPicture(picture);
         toolbar.ImgPicx[index].setPicture(std::string(picture) + EditingControls::disabledArt);
     }
 }
 
-void EditingPictures::setButtonShown(int index, bool shown) {
-    if (index < EditingControls::firstButton || index > EditingControls::lastButton) return;
-    studio_.Form2.Cmd2[static_cast<std::size_t>(index)].setVisible(shown);
-}
+void EditingPictures::ImgPic_MouseMove(int Index, int, int, double, double) { row_.comeNear(Index); }
 
-/// Only the neighbours are hidden: a button that the mouse left without touching the ground stays.
-void EditingPictures::ImgPic_MouseMove(int Index, int, int, double, double) {
-    if (Index < EditingControls::firstButton || Index > EditingControls::lastButton) return;
-    setButtonShown(Index, true);
-    setButtonShown(Index - 1, false);
-    setButtonShown(Index + 1, false);
-}
-
-void EditingPictures::hideButtons() {
-    for (int index = EditingControls::firstButton; index <= EditingControls::lastButton; ++index) {
-        setButtonShown(index, false);
-    }
-}
-
-void EditingPictures::Cmd2_MouseUp(int Index, int, int, double, double) { setButtonShown(Index, false); }
+void EditingPictures::Cmd2_MouseUp(int Index, int, int, double, double) { row_.hide(Index); }
 
 void EditingPictures::showTool(bool selects) {
     auto& toolbar = studio_.Form2;

@@ -1,4 +1,5 @@
 #pragma once
+#include "core/flat_buttons.h"
 #include "core/studio.h"
 
 namespace melvane {
@@ -18,8 +19,8 @@ class EditingPictures {
 
     void ImgPic_MouseMove(int Index, int button, int shift, double X, double Y);
     /// Over anything else of the window.
-    void hideButtons();
-    void Label6_MouseMove(int, int, int, double, double) { hideButtons(); }
+    void hideButtons() const { row_.hideAll(); }
+    void Label6_MouseMove(int, int, int, double, double) const { hideButtons(); }
     void Cmd2_MouseUp(int Index, int button, int shift, double X, double Y);
 
     /// The draw/select switch and the six editing buttons, which are disabled while notes are drawn.
@@ -28,9 +29,8 @@ class EditingPictures {
     void listNames(NameTables& tables);
 
  private:
-    void setButtonShown(int index, bool shown);
-
     Studio& studio_;
+    FlatButtons row_;
 };
 
 }  // namespace melvane

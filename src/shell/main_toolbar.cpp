@@ -1,93 +1,30 @@
 #include "shell/main_toolbar.h"
 
 #include <QHBoxLayout>
-#include <QSignalBlocker>
-#include <QToolButton>
+#include <QMouseEvent>
 #include <algorithm>
 
 #include "shell/engine.h"
+#include "ui/flat_button_panel.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_elided_label.h"
-#include "ui/qt_icons.h"
 
 namespace melvane {
 
 namespace {
 
-constexpr int buttonSide = 36, iconSide = 24, groupSpace = 8;  // pixels
-
-struct Button {
-    const char* icon;
-    bool beginsGroup;
-    bool works;  ///< whether a press does anything yet
-};
-
-constexpr std::array<Button, 15> buttons{{{"clear", false, true},
-                                          {"open", false, true},
-                                          {"save", false, true},
-                                          {"right_erase", true, true},
-                                          {"rewind", true, true},
-                                          {"play", false, true},
-                                          {"stop", false, true},
-                                          {"silence", false, true},
-                                          {"setup", true, true},
-                                          {"editing", false, true},
-                                          {"recording", false, false},
-                                          {"tutorial", false, false},
-                                          {"help", true, true},
-                                          {"emblem", false, false},
-                                          {"keyboard", true, true}}};
-
-constexpr int rightClickButton = 3;
-constexpr std::array rightClickIcons{"right_erase", "right_menu", "right_polynotes"};
-
-QToolButton* makeButton(int index, QWidget* parent) {
-    auto* const button = new QToolButton(parent);
-    const auto& entry = buttons[static_cast<std::size_t>(index)];
-    button->setObjectName(memberName("Cmd2", index));
-    button->setIcon(icon(entry.icon));
-    button->setIconSize({iconSide, iconSide});
-    button->setFixedSize(buttonSide, buttonSide);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(*MainToolbarCommands::tip(index) != 0 ? Qt::TabFocus : Qt::NoFocus);
-    button->setCheckable(true);
-    return button;
-}
-
-/// A press is a command, not a choice: which buttons stay down is for the program to say.
-void bindButton(QToolButton& button, CheckControl& state, std::function<void()> showPicture) {
-    bindShown(button, state, [&, showPicture = std::move(showPicture)] {
-        if (showPicture) showPicture();
-        button.setChecked(state.ticked());
-        button.setAccessibleName(QString::fromStdString(state.tip()));
-    });
-    QObject::connect(&button, &QToolButton::toggled, &button, [&] {
-        const QSignalBlocker quiet(button);
-        button.setChecked(state.ticked());
-    });
-}
+constexpr int groupSpace = 8;  // pixels
+constexpr std::array groupStarts{3, 4, 8, 12, 14};
 
 }  // namespace
 
 MainToolbar::MainToolbar(Studio& studio, QWidget* parent) : QWidget(parent) {
     setObjectName("toolbMenu");
+    setMouseTracking(true);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 12, 4);
     row->setSpacing(0);
-    for (int index = 0; index < static_cast<int>(buttons_.size()); ++index) {
-        const auto at = static_cast<std::size_t>(index);
-        if (buttons[at].beginsGroup) row->addSpacing(groupSpace);
-        buttons_[at] = makeButton(index, this);
-        auto& state = studio.form1.Cmd2[at];
-        state.setEnabled(buttons[at].works);
-        state.setTip(MainToolbarCommands::tip(index));
-        std::function<void()> showPicture;
-        if (index == rightClickButton) {
-            showPicture = [this, &studio] { showRightClickMode(studio.selection.RightClickMode); };
-        }
-        bindButton(*buttons_[at], state, std::move(showPicture));
-        row->addWidget(buttons_[at]);
-    }
+    addButtons(studio);
     setToolTip("Right click for menu");
     row->addSpacing(groupSpace);
     auto* const status = new ElidedLabel(this);
@@ -95,20 +32,59 @@ MainToolbar::MainToolbar(Studio& studio, QWidget* parent) : QWidget(parent) {
     status->setAccessibleName("Status");
     status->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    status->setMouseTracking(true);
     bind(*status, studio.form1.StatusText);
     row->addWidget(status, 1);
 }
 
-void MainToolbar::attach(Engine& engine) {
-    for (int index = 0; index < static_cast<int>(buttons_.size()); ++index) {
-        connect(buttons_[static_cast<std::size_t>(index)], &QToolButton::clicked, this,
-                [&engine, index] { engine.toolbar.Cmd2_Click(index); });
+void MainToolbar::addButtons(Studio& studio) {
+    auto* const row = static_cast<QHBoxLayout*>(layout());
+    for (std::size_t at = 0; at < buttons_.size(); ++at) {
+        const int index = static_cast<int>(at);
+        if (std::ranges::count(groupStarts, index) > 0) row->addSpacing(groupSpace);
+        buttons_[at] = new FlatButton(index, studio.form1.Cmd2[at], studio.form1.ImgPic[at], QString(), this);
+        for (QWidget* const part : {buttons_[at]->picture(), buttons_[at]->button()}) {
+            part->setMouseTracking(true);
+            part->installEventFilter(this);
+        }
+        // What does nothing is not reached by the keyboard either.
+        if (*MainToolbarPictures::tip(index) == 0) buttons_[at]->picture()->setFocusPolicy(Qt::NoFocus);
+        row->addWidget(buttons_[at]);
     }
 }
 
-void MainToolbar::showRightClickMode(int mode) {
-    const auto at = static_cast<std::size_t>(std::clamp(mode, 0, 2));
-    buttons_[rightClickButton]->setIcon(icon(rightClickIcons[at]));
+void MainToolbar::attach(Engine& engine) {
+    engine_ = &engine;
+    for (FlatButton* const button : buttons_) {
+        const int index = button->index();
+        connect(button, &FlatButton::released, this,
+                [&engine, index](int up) { engine.toolbar.pictures.Cmd2_MouseUp(index, up, 0, 0, 0); });
+        connect(button, &FlatButton::pressed, this, [&engine, index] { engine.toolbar.Cmd2_Click(index); });
+    }
+}
+
+void MainToolbar::hideButtons() const {
+    if (engine_ != nullptr) engine_->toolbar.pictures.hideButtons();
+}
+
+bool MainToolbar::eventFilter(QObject* watched, QEvent* event) {
+    const bool moved = event->type() == QEvent::MouseMove &&
+                       static_cast<const QMouseEvent&>(*event).buttons() == Qt::NoButton;
+    const auto* const flat = qobject_cast<const FlatButton*>(watched->parent());
+    if (!moved || flat == nullptr || engine_ == nullptr) return QWidget::eventFilter(watched, event);
+    if (watched == flat->picture() && !flat->picture()->isEnabled()) return false;
+    if (watched == flat->picture()) engine_->toolbar.pictures.ImgPic_MouseMove(flat->index(), 0, 0, 0, 0);
+    return true;
+}
+
+void MainToolbar::mouseMoveEvent(QMouseEvent* event) {
+    hideButtons();
+    QWidget::mouseMoveEvent(event);
+}
+
+void MainToolbar::leaveEvent(QEvent* event) {
+    hideButtons();
+    QWidget::leaveEvent(event);
 }
 
 }  // namespace melvane

@@ -4,11 +4,10 @@
 
 #include "core/studio.h"
 
-class QToolButton;
-
 namespace melvane {
 
 class Engine;
+class FlatButton;
 
 /// The row of fifteen flat buttons above the tablet, with the status text at its right.
 class MainToolbar : public QWidget {
@@ -18,11 +17,18 @@ class MainToolbar : public QWidget {
     static constexpr int height = 44;  // pixels
     MainToolbar(Studio& studio, QWidget* parent);
     void attach(Engine& engine);
-    /// Button 3 carries the picture of what a right click does (RightClickMode, 0 to 2).
-    void showRightClickMode(int mode);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
  private:
-    std::array<QToolButton*, 15> buttons_{};
+    void addButtons(Studio& studio);
+    void hideButtons() const;
+
+    std::array<FlatButton*, 15> buttons_{};
+    Engine* engine_ = nullptr;
 };
 
 }  // namespace melvane

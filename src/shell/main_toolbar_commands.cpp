@@ -7,31 +7,6 @@
 
 namespace melvane {
 
-namespace {
-
-constexpr std::array<const char*, MainToolbarCommands::buttons> tips{
-    "Clear all notes",
-    "Open score (Ctrl+O)",
-    "Save as score or MIDI file (Ctrl+S)",
-    "Erase note on right-click",
-    "Return to start (F4)",
-    "Play notes (F5), pause with F6, repeat with F8",
-    "Stop playing (F7)",
-    "Stop all sound",
-    "Setup",
-    "Editing toolbar",
-    "Recording toolbar",
-    "Tutorial",
-    "Help",
-    "",
-    "Keyboard"};
-
-}  // namespace
-
-const char* MainToolbarCommands::tip(int index) {
-    return index >= 0 && index < buttons ? tips[static_cast<std::size_t>(index)] : "";
-}
-
 void MainToolbarCommands::Cmd2_Click(int Index) {
     switch (Index) {
         case 0:
@@ -113,6 +88,7 @@ void MainToolbarCommands::setToolWindows(bool shown) {
 
 void MainToolbarCommands::listNames(NameTables& tables) {
     tables.operations.add("form1", "Cmd2_Click", this, &MainToolbarCommands::Cmd2_Click);
+    pictures.listNames(tables);
 }
 
 }  // namespace melvane

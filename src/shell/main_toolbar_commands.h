@@ -8,6 +8,7 @@
 #include "files/score_files.h"
 #include "midi/panic.h"
 #include "midi/player.h"
+#include "shell/main_toolbar_pictures.h"
 #include "shell/start_up.h"
 
 namespace melvane {
@@ -18,14 +19,19 @@ class MainToolbarCommands {
     MainToolbarCommands(Studio& studio, ToolWindows& toolWindows, ScoreModel& score,
                         ChannelSelection& channels, ScoreFiles& files, Player& player, Panic& panic,
                         StartUp& startUp)
-        : studio_(studio),
+        : pictures(studio),
+          studio_(studio),
           toolWindows_(toolWindows),
           score_(score),
           channels_(channels),
           files_(files),
           player_(player),
           panic_(panic),
-          startUp_(startUp) {}
+          startUp_(startUp) {
+        for (std::size_t at = 0; at < studio.form1.Cmd2.size(); ++at) {
+            studio.form1.Cmd2[at].acted = [this, at] { Cmd2_Click(static_cast<int>(at)); };
+        }
+    }
 
     /// Index 0 to 14; another number does nothing.
     void Cmd2_Click(int Index);
@@ -49,9 +55,7 @@ class MainToolbarCommands {
 
     void listNames(NameTables& tables);
 
-    static constexpr int buttons = 15;
-    /// What the user reads on button `index` (0 to 14).
-    static const char* tip(int index);
+    MainToolbarPictures pictures;
 
  private:
     void menu(int button) const {

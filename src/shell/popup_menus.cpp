@@ -79,10 +79,6 @@ constexpr Popup rightClickPopup{"mnupopup5", "popup5", rightClickEntries};
 
 constexpr std::array popups{&tabletPopup, &programPopup, &helpPopup, &partsPopup, &rightClickPopup};
 
-/// What the user reads on the main toolbar's button 3, by RightClickMode.
-constexpr std::array<const char*, 3> rightClickTips{"Erase note on right-click", "Menu on right-click",
-                                                    "Set Polynotes on right-click"};
-
 struct ToolbarMenu {
     int button;
     void (PopupMenus::*open)();
@@ -231,11 +227,10 @@ void PopupMenus::setRightClickMode(int mode) {
 
 void PopupMenus::Check3_Click() {
     const int mode = studio_.selection.RightClickMode;
-    if (mode < 0 || mode >= static_cast<int>(rightClickTips.size())) return;
-    auto& main = studio_.form1;
-    main.Cmd2[3].setTip(rightClickTips[static_cast<std::size_t>(mode)]);
-    main.MusicBox.setTip("");
-    main.Picmain.setTip("");
+    if (mode < right_click::erase || mode > right_click::chord) return;
+    parts_.toolbar.pictures.showRightClickMode();
+    studio_.form1.MusicBox.setTip("");
+    studio_.form1.Picmain.setTip("");
 }
 
 void PopupMenus::listNames(NameTables& tables) {

@@ -49,6 +49,12 @@ class BindingsTest : public MainWindowTest {
             EXPECT_EQ(widget->isEnabledTo(&window), entry.control->enabled()) << entry.name;
             const auto shown = contents(*widget);
             if (!shown || dynamic_cast<AreaControl*>(entry.control) != nullptr) continue;
+            if (const auto* const art = dynamic_cast<PictureControl*>(entry.control)) {
+                const QIcon icon = qobject_cast<const QAbstractButton*>(widget)->icon();
+                EXPECT_EQ(!icon.isNull(), !art->picture().empty()) << entry.name;
+                ++compared;
+                continue;
+            }
             EXPECT_EQ(*shown, entry.control->shown()) << widgetName(entry).toStdString();
             ++compared;
         }
@@ -64,7 +70,6 @@ TEST_F(BindingsTest, EveryControlShowsItsModel) {
     studio.form1.LblInst.set("Harp");
     studio.form1.T2.set("-12");
     studio.form1.Check1.set(true);
-    studio.form1.Cmd2[5].set(true);
     studio.form1.StatusText.set("No sound output was found");
     EXPECT_GE(compareAll(), 45);
 }

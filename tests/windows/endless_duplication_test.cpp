@@ -94,7 +94,7 @@ TEST_F(EndlessDuplication, TheUserGoesOnAndStopEndsIt) {
 }
 
 TEST_F(EndlessDuplication, TheMainToolbarsStopEndsItToo) {
-    afterTwoRounds([this] { press(window, "Cmd2(6)"); });
+    afterTwoRounds([this] { press(window, "ImgPic(6)"); });
     press(*toolbar, "ImgPic(17)");
     EXPECT_EQ(turns, 3);
     EXPECT_EQ(studio.selection.InsertPosition, 0);

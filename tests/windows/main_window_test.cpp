@@ -44,7 +44,8 @@ TEST_F(MainWindow, NoBlankRowsShowInATallWindow) {
             const double expected = find("Picmain")->height() / (page.LineHeight / 12.0 * 16) + 12;
             EXPECT_NEAR(page.PageRows, expected, 0.5) << height << ' ' << rows;
             const int stripsEnd = find("Pic3")->mapTo(&window, QPoint(0, 17)).y();
-            EXPECT_EQ(find("Beatbox")->mapTo(&window, QPoint(0, 0)).y(), stripsEnd + 4) << height << ' ' << rows;
+            EXPECT_EQ(find("Beatbox")->mapTo(&window, QPoint(0, 0)).y(), stripsEnd + 4)
+                << height << ' ' << rows;
             EXPECT_GE(find("Beatbox")->height(), 60);
             EXPECT_EQ(studio.form1.MusicBox.height(), tablet().height());
         }
@@ -68,9 +69,11 @@ TEST_F(MainWindow, TheWindowHasTheProgramsIcon) {
 }
 
 TEST_F(MainWindow, TheToolbarsGroupsStandEightPixelsApart) {
+    const auto buttonPlace = [this](int index) {
+        return find(("Cmd2(" + std::to_string(index) + ")").c_str())->parentWidget()->geometry();
+    };
     for (int index = 1; index < 15; ++index) {
-        const QRect left = find(("Cmd2(" + std::to_string(index - 1) + ")").c_str())->geometry();
-        const QRect right = find(("Cmd2(" + std::to_string(index) + ")").c_str())->geometry();
+        const QRect left = buttonPlace(index - 1), right = buttonPlace(index);
         const bool beginsGroup = std::ranges::count(std::array{3, 4, 8, 12, 14}, index) > 0;
         EXPECT_EQ(right.left() - left.right() - 1, beginsGroup ? 8 : 0) << index;
     }
@@ -209,9 +212,42 @@ TEST_F(MainWindow, TheWheelScrollsRowsAndWithShiftColumns) {
 
 TEST_F(MainWindow, AToolbarButtonRunsItsCommand) {
     write(0, 10, 67);
-    QTest::mouseClick(find("Cmd2(0)"), Qt::LeftButton);
+    QTest::mouseClick(find("ImgPic(0)"), Qt::LeftButton);
     EXPECT_EQ(studio.score.noteCell(0, 10), -1);
-    EXPECT_FALSE(find<QAbstractButton>("Cmd2(0)")->isChecked());
+}
+
+TEST_F(MainWindow, AToolbarButtonAppearsUnderTheMouseAndGoesWithIt) {
+    const auto point = [this](const char* name, QPoint at) {
+        QWidget* const widget = find(name);
+        QTest::mouseMove(window.windowHandle(), widget->mapTo(&window, at));
+        QCoreApplication::processEvents();
+    };
+    const QPoint middle(14, 14);
+    EXPECT_FALSE(find("Cmd2(4)")->isVisible());
+    point("ImgPic(4)", middle);
+    EXPECT_TRUE(find("Cmd2(4)")->isVisible());
+    point("Cmd2(4)", {2, 2});
+    EXPECT_TRUE(find("Cmd2(4)")->isVisible()) << "over the button itself";
+    point("ImgPic(5)", middle);
+    EXPECT_FALSE(find("Cmd2(4)")->isVisible());
+    EXPECT_TRUE(find("Cmd2(5)")->isVisible());
+    point("toolbMenu", {2, 2});
+    EXPECT_FALSE(find("Cmd2(5)")->isVisible());
+    point("ImgPic(6)", middle);
+    point("MusicBox", {40, 40});
+    EXPECT_FALSE(find("Cmd2(6)")->isVisible());
+    point("ImgPic(13)", middle);
+    EXPECT_FALSE(find("Cmd2(13)")->isVisible()) << "a button that does nothing";
+}
+
+TEST_F(MainWindow, AToolbarButtonIsHiddenWhenItIsLetGo) {
+    const QPoint middle = find("ImgPic(0)")->mapTo(&window, QPoint(14, 14));
+    write(0, 10, 67);
+    QTest::mouseMove(window.windowHandle(), middle);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, middle);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(studio.score.noteCell(0, 10), -1);
+    EXPECT_FALSE(find("Cmd2(0)")->isVisible());
 }
 
 TEST_F(MainWindow, AChannelLabelMakesItsTrackTheCurrentOne) {
@@ -223,8 +259,8 @@ TEST_F(MainWindow, AChannelLabelMakesItsTrackTheCurrentOne) {
 
 TEST_F(MainWindow, WhatCanBeReachedHasANameATipAndItsPlaceInTheOrder) {
     std::vector<QString> order;
-    for (QWidget* widget = find("Cmd2(0)"); order.size() < 200; widget = widget->nextInFocusChain()) {
-        if (!order.empty() && widget->objectName() == "Cmd2(0)") break;
+    for (QWidget* widget = find("ImgPic(0)"); order.size() < 200; widget = widget->nextInFocusChain()) {
+        if (!order.empty() && widget->objectName() == "ImgPic(0)") break;
         if (widget->isHidden() || (widget->focusPolicy() & Qt::TabFocus) == 0 ||
             widget->objectName().startsWith("qt_"))
             continue;
@@ -239,7 +275,7 @@ TEST_F(MainWindow, WhatCanBeReachedHasANameATipAndItsPlaceInTheOrder) {
     }
     std::size_t last = 0;
     for (const char* const name :
-         {"Cmd2(14)", "MusicBox", "VScroll1", "HScroll1", "Pic2a", "Pic3", "Beatbox", "Label8(0)",
+         {"ImgPic(14)", "MusicBox", "VScroll1", "HScroll1", "Pic2a", "Pic3", "Beatbox", "Label8(0)",
           "Label8(12)", "Combo3", "lblVolume", "LblChorus", "Text5", "Check1", "CmdUndo"}) {
         const auto found = std::ranges::find(order, QString(name));
         ASSERT_NE(found, order.end()) << name;

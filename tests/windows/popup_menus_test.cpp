@@ -37,7 +37,7 @@ class PopupMenusTest : public test::MainWindowTest {
 };
 
 TEST_F(PopupMenusTest, AToolbarButtonOpensItsMenuAndReturns) {
-    QTest::mouseClick(find<QToolButton>("Cmd2(3)"), Qt::LeftButton);
+    QTest::mouseClick(find<QToolButton>("ImgPic(3)"), Qt::LeftButton);
     ASSERT_NE(openMenu(), nullptr);
     EXPECT_EQ(openMenu()->objectName(), "mnupopup5");
     EXPECT_TRUE(studio.Frmmenu.loaded);
@@ -48,7 +48,7 @@ TEST_F(PopupMenusTest, AToolbarButtonOpensItsMenuAndReturns) {
 }
 
 TEST_F(PopupMenusTest, AClickOnAnEntryRunsItAndChangesTheButtonsPicture) {
-    auto* const button = find<QToolButton>("Cmd2(3)");
+    auto* const button = find<QToolButton>("ImgPic(3)");
     const QImage before = button->icon().pixmap(24, 24).toImage();
     QTest::mouseClick(button, Qt::LeftButton);
     choose("Set Polynotes on Right-Click");

@@ -70,12 +70,12 @@ TEST(Style, ALabelShortensWhatHasNoRoom) {
 using ToolbarLook = MainWindowTest;
 
 TEST_F(ToolbarLook, EveryButtonHasItsIcon) {
-    for (int index = 0; index < MainToolbarCommands::buttons; ++index) {
+    for (int index = 0; index < MainToolbarPictures::buttons; ++index) {
         const auto name = "Cmd2(" + std::to_string(index) + ")";
         auto* const button = find<QAbstractButton>(name.c_str());
         EXPECT_FALSE(button->icon().isNull()) << name;
         EXPECT_EQ(button->size(), QSize(36, 36)) << name;
-        EXPECT_EQ(button->toolTip().toStdString(), MainToolbarCommands::tip(index)) << name;
+        EXPECT_EQ(button->toolTip().toStdString(), MainToolbarPictures::tip(index)) << name;
     }
 }
 
