@@ -90,7 +90,9 @@ void Program::start() {
 }
 
 bool Program::prepareWindow() {
-    if (toolWindows_.prepareNext()) return true;
+    for (const char* const name : {"Form3", "Form2", "Form5"}) {
+        if (toolWindows_.prepare(name)) return true;
+    }
     if (help_ != nullptr) return false;
     help().grab();
     return true;

@@ -30,8 +30,8 @@ class Program {
     bool mayStart();
     /// Loads and shows the main window.
     void start();
-    /// Makes one of the windows that wait to be opened, so that a playback does not have to wait for it
-    /// later. False when there is nothing left to do. Not during a playback.
+    /// Makes one of the windows that may be opened during a playback, which then does not have to wait for
+    /// it. False when there is nothing left to do. Not during a playback.
     bool prepareWindow();
     /// As the open command does with a chosen file.
     void openScore(const std::filesystem::path& path);

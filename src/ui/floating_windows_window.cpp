@@ -43,9 +43,9 @@ void FloatingWindows::letGo() {
     }
 }
 
-bool FloatingWindows::prepareNext() {
+bool FloatingWindows::prepare(const char* name) {
     for (auto& entry : entries_) {
-        if (entry.window) continue;
+        if (entry.name != name || entry.window) continue;
         entry.window = entry.make();
         entry.window->grab();
         return true;

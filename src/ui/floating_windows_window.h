@@ -24,10 +24,10 @@ class FloatingWindows : public ToolWindows {
     void holdBack() { heldBack_ = true; }
     void letGo();
 
-    /// Makes the next listed window that is not made yet, and has it laid out and painted once where nobody
-    /// sees it: shown later, it comes at once. False when none was left. For moments in which nothing waits:
-    /// it takes some tens of milliseconds.
-    bool prepareNext();
+    /// Makes the window of that name unless it is made already, and has it laid out and painted once where
+    /// nobody sees it: shown later, it comes at once. False when there was nothing to do. For moments in
+    /// which nothing waits: it takes some tens of milliseconds.
+    bool prepare(const char* name);
 
     /// A window that is shown again does not take the focus.
     void setShown(Window window, bool shown) override;

@@ -52,10 +52,11 @@ TEST_F(FloatingWindowsTest, AWindowThatIsGoneIsMadeAnew) {
 }
 
 TEST_F(FloatingWindowsTest, AWindowIsPreparedOnceAndNotShown) {
-    EXPECT_TRUE(windows.prepareNext());
+    EXPECT_FALSE(windows.prepare("Form99"));
+    EXPECT_TRUE(windows.prepare("Form3"));
     EXPECT_EQ(made, 1);
     EXPECT_TRUE(setup->isHidden());
-    EXPECT_FALSE(windows.prepareNext());
+    EXPECT_FALSE(windows.prepare("Form3"));
     EXPECT_TRUE(windows.showWindow("Form3"));
     EXPECT_EQ(made, 1);
     EXPECT_FALSE(setup->isHidden());
