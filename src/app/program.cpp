@@ -24,25 +24,30 @@ Program::Program(Outside& outside)
       menus_(studio_, engine_.menus, &window_) {
     window_.attach(engine_);
     engine_.menus.showHelp = [this] { showHelp(); };
-    picker_.useSettings(engine_.settings);
+    joinFrame(picker_);
     listWindows();
 }
 
 Program::~Program() { outside_.loop.stopTimer(helpTimer_); }
+
+void Program::joinFrame(FramedWindow& window) {
+    window.useSettings(engine_.settings);
+    window.useLoop(outside_.loop);
+}
 
 void Program::listWindows() {
     toolWindows_.list({}, "FrmInst", [this] { return &picker_; });
     toolWindows_.list({}, "Frmmenu", [this] { return &menus_; });
     toolWindows_.list({}, "Form5", [this] {
         auto* const panel = new Form5(studio_, engine_.noteTest, &window_);
-        panel->useSettings(engine_.settings);
+        joinFrame(*panel);
         return panel;
     });
     toolWindows_.list(ToolWindows::Window::setup, "Form3",
                       [this] { return new Form3(studio_, engine_, &window_); });
     toolWindows_.list(ToolWindows::Window::editing, "Form2", [this] {
         auto* const toolbar = new Form2(studio_, engine_.editing, &window_);
-        toolbar->useSettings(engine_.settings);
+        joinFrame(*toolbar);
         return toolbar;
     });
     toolWindows_.list({}, "frmsynth", [this] { return makeKeyboard(); });
@@ -51,7 +56,7 @@ void Program::listWindows() {
 /// It does not belong to the main window, which is hidden while it is open.
 QWidget* Program::makeKeyboard() {
     keyboard_ = std::make_unique<frmsynth>(studio_, engine_.keyboard);
-    keyboard_->useSettings(engine_.settings);
+    joinFrame(*keyboard_);
     engine_.keyboard.window.showHelp = [this] { showHelp("75-keyboard.md"); };
     return keyboard_.get();
 }
@@ -59,7 +64,7 @@ QWidget* Program::makeKeyboard() {
 HelpWindow& Program::help() {
     if (help_ == nullptr) {
         help_ = new HelpWindow(studio_, &window_);
-        help_->useSettings(engine_.settings);
+        joinFrame(*help_);
     }
     return *help_;
 }

@@ -43,6 +43,7 @@ class Program {
 
  private:
     void listWindows();
+    void joinFrame(FramedWindow& window);
     QWidget* makeKeyboard();
 
     HelpWindow& help();

@@ -49,12 +49,16 @@ bool CheckControl::userPut(const Value& value) {
     return true;
 }
 
-bool PictureControl::userPut(const Value& value) {
+bool Control::press(const Value& value) {
     const auto whole = wholeNumber(value);
     if (!whole) return false;
     if (*whole != 0 && enabled()) act();
     return true;
 }
+
+bool PictureControl::userPut(const Value& value) { return press(value); }
+
+bool EntryControl::userPut(const Value& value) { return press(value); }
 
 std::string ListControl::text() const {
     return index_ >= 0 ? items_[static_cast<std::size_t>(index_)] : std::string();

@@ -54,6 +54,8 @@ class Control {
     void act() {
         if (acted) acted();
     }
+    /// 1 runs the handler while it is enabled, 0 does nothing; false for what is no number.
+    bool press(const Value& value);
 
  private:
     bool visible_ = true;
@@ -116,6 +118,18 @@ class PictureControl : public Control {
 
  private:
     std::string picture_;
+};
+
+/// A menu entry, which shows its caption; choosing it runs the handler.
+class EntryControl : public Control {
+ public:
+    explicit EntryControl(std::string caption) : caption_(std::move(caption)) {}
+    Value shown() const override { return caption_; }
+    /// 1 chooses it.
+    bool userPut(const Value& value) override;
+
+ private:
+    std::string caption_;
 };
 
 /// A list or drop-down. Only the user's choice runs the handler.

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include <vector>
 
@@ -176,9 +177,21 @@ struct Playback {
     std::int32_t PlayStopWatch = 0;  ///< slot number, from 1
 };
 
+/// The windows with a frame of the program's own, beside the main one.
+inline constexpr std::array<std::string_view, 9> framedWindows{
+    "Form2", "Form3", "Form5", "FrmInst", "Record", "frmsynth", "Wiz", "frminfo", "frmLog"};
+
 /// Which windows are open, and what keeps re-entered handlers apart.
 struct Shell {
     bool Busy = false, Resizing = false;
+    /// An edge of the window is in the mouse's hand, by window; that of the main window is Resizing. The last
+    /// is for windows without a name of the design's.
+    std::array<bool, framedWindows.size() + 1> FramedResizing{};
+    bool& resizingOf(std::string_view window) {
+        if (window == "form1") return Resizing;
+        const auto found = std::ranges::find(framedWindows, window);
+        return FramedResizing[static_cast<std::size_t>(found - framedWindows.begin())];
+    }
     bool Minimised = false;  ///< the main window
     Int16 WindowState = 0;   ///< the last that any window took: 0 normal, 1 minimised, 2 maximised
     bool Ending = false;     ///< the main window is being unloaded, and the program with it

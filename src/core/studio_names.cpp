@@ -209,6 +209,9 @@ void listPlayback(StateTable& table, Playback& player) {
 void listShell(StateTable& table, Shell& shell) {
     table.add("Busy", shell.Busy);
     table.add("Resizing", shell.Resizing);
+    for (std::size_t at = 0; at < framedWindows.size(); ++at) {
+        table.add(std::string(framedWindows[at]) + ".Resizing", shell.FramedResizing[at]);
+    }
     table.add("Form2Open", shell.Form2Open);
     table.add("Form3Open", shell.Form3Open);
     table.add("RecorderOpen", shell.RecorderOpen);

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "core/drag.h"
 #include "core/side_bar_view.h"
 #include "core/strip_view.h"
 #include "core/tableau_view.h"
@@ -59,6 +60,7 @@ form1::~form1() = default;
 void form1::attach(Engine& engine) {
     engine_ = &engine;
     useSettings(engine.settings);
+    useLoop(engine.outside.loop);
     setHelp([&engine] { engine.menus.Cmdhelp_Click(); });
     toolbar_->attach(engine);
     Picmain_->attach(engine);
@@ -146,8 +148,20 @@ void form1::imgTitleClose_Click() {
 /// The page and the scroll bars stand still meanwhile.
 void form1::setResizing(bool on) {
     FramedWindow::setResizing(on);
-    studio_.shell.Resizing = on;
     if (!on) layOut();
+}
+
+void form1::Picmain_MouseDown(int button, int, double, double) {
+    if (button == mouse::left) DragWindow();
+    if (button == mouse::right && engine_ != nullptr) engine_->menus.openProgramMenu();
+}
+
+void form1::Picture11_MouseDown(int button, int shift, double X, double Y) {
+    Picmain_MouseDown(button, shift, X, Y);
+}
+
+void form1::toolbMenu_MouseDown(int button, int shift, double X, double Y) {
+    Picmain_MouseDown(button, shift, X, Y);
 }
 
 void form1::closeEvent(QCloseEvent* event) {

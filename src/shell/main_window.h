@@ -62,6 +62,11 @@ class form1 : public FramedWindow, public Surfaces, public MainFrame {
     void unload() override;
     void imgTitleClose_Click() override;
 
+    // A press on a bare part: the left button moves the window, the right one opens the menu of the program.
+    Q_INVOKABLE void Picmain_MouseDown(int button, int shift, double X, double Y);
+    Q_INVOKABLE void Picture11_MouseDown(int button, int shift, double X, double Y);
+    Q_INVOKABLE void toolbMenu_MouseDown(int button, int shift, double X, double Y);
+
  protected:
     void setResizing(bool on) override;
     void resizeEvent(QResizeEvent* event) override;

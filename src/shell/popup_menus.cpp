@@ -249,17 +249,33 @@ void PopupMenus::listNames(NameTables& tables) {
                                                {"Command4_Click", &Menus::Command4_Click},
                                                {"Command5_Click", &Menus::Command5_Click}}};
     for (const auto& [name, run] : handlers) operations.add("Frmmenu", name, this, run);
-    for (const Popup* const popup : popups) listEntries(tables, popup->entries);
+    for (const Popup* const popup : popups) {
+        listCaption(tables, popup->name, popup->caption);
+        listEntries(tables, popup->entries);
+    }
+}
+
+EntryControl& PopupMenus::listCaption(NameTables& tables, const char* name, const char* caption) {
+    auto& control = captions_.emplace_back(caption);
+    tables.controls.add("Frmmenu", name, control);
+    return control;
 }
 
 void PopupMenus::listEntries(NameTables& tables, std::span<const PopupEntry> entries) {
     for (const auto& entry : entries) {
+        if (*entry.caption == 0) continue;
         listEntries(tables, entry.inner);
-        if (entry.chosen == nullptr) continue;
-        tables.operations.add("Frmmenu", std::string(entry.name) + "_Click", this, entry.chosen);
-        if (entry.mark == nullptr) continue;
+        std::function<void()> choose;
+        if (entry.chosen != nullptr) {
+            tables.operations.add("Frmmenu", std::string(entry.name) + "_Click", this, entry.chosen);
+            choose = [this, chosen = entry.chosen] { (this->*chosen)(); };
+        }
+        if (entry.mark == nullptr) {
+            listCaption(tables, entry.name, entry.caption).acted = choose;
+            continue;
+        }
         auto& mark = studio_.Frmmenu.*entry.mark;
-        mark.acted = [this, chosen = entry.chosen] { (this->*chosen)(); };
+        mark.acted = choose;
         tables.controls.add("Frmmenu", entry.name, mark);
     }
 }

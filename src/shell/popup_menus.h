@@ -1,4 +1,5 @@
 #pragma once
+#include <deque>
 #include <functional>
 #include <span>
 
@@ -117,6 +118,7 @@ class PopupMenus {
 
  private:
     void listEntries(NameTables& tables, std::span<const PopupEntry> entries);
+    EntryControl& listCaption(NameTables& tables, const char* name, const char* caption);
     void pop(const Popup& popup);
     void loadFor(void (PopupMenus::*command)(), std::function<void()> closed);
     void setLook(bool flat);
@@ -124,7 +126,8 @@ class PopupMenus {
 
     Studio& studio_;
     Parts parts_;
-    std::function<void()> closed_;  ///< what follows the menu that is opened next
+    std::function<void()> closed_;       ///< what follows the menu that is opened next
+    std::deque<EntryControl> captions_;  ///< the menus, and their entries without a check mark
 };
 
 }  // namespace melvane

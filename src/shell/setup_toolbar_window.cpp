@@ -30,6 +30,7 @@ Form3::Form3(Studio& studio, Engine& engine, QWidget* parent)
       engine_(engine),
       pages_(new QTabWidget(client())) {
     useSettings(engine.settings);
+    useLoop(engine.outside.loop);
     auto* const box = new QVBoxLayout(client());
     box->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
     box->addWidget(pages_);

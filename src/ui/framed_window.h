@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/studio.h"
+#include "platform/event_loop.h"
 #include "ui/frame_geometry.h"
 #include "ui/title_bar_panel.h"
 
@@ -35,6 +36,8 @@ class FramedWindow : public QWidget {
 
     /// Where the look is read; without it the window is flat.
     void useSettings(const Settings& settings);
+    /// Its queue is run after a resize by the mouse; without it the resize is all.
+    void useLoop(EventLoop& loop) { loop_ = &loop; }
     /// The title bar's help button acts only with it.
     void setHelp(std::function<void()> help);
 
@@ -67,6 +70,9 @@ class FramedWindow : public QWidget {
     /// X and Y in pixels of the grip.
     Q_INVOKABLE void Resizer_MouseDown(int index, int button, int shift, double X, double Y);
     Q_INVOKABLE void Resizer_MouseUp(int index, int button, int shift, double X, double Y);
+    /// A press of the left button on the title or on a bare part of its bar moves the window.
+    Q_INVOKABLE void lblTitle_MouseDown(int button, int shift, double X, double Y);
+    Q_INVOKABLE void TopBar_MouseDown(int button, int shift, double X, double Y);
     Q_INVOKABLE virtual void imgTitleClose_Click();
     Q_INVOKABLE void imgTitleMinimize_Click();
     Q_INVOKABLE void imgTitleMaxRestore_Click();
@@ -83,6 +89,7 @@ class FramedWindow : public QWidget {
 
     /// An edge is in the mouse's hand.
     virtual void setResizing(bool on) { resizing_ = on; }
+    bool& resizing_;  ///< the window's own flag Resizing
 
  private:
     void makeStripsAndGrips();
@@ -94,6 +101,7 @@ class FramedWindow : public QWidget {
 
     Studio& studio_;
     const Settings* settings_ = nullptr;
+    EventLoop* loop_ = nullptr;
     const FrameOptions options_;
     std::function<void()> help_;
     FrameLook look_ = FrameLook::flat;
@@ -104,7 +112,6 @@ class FramedWindow : public QWidget {
     QPoint gripPress_;                 ///< cursor, pixels of the screen
     std::optional<QPoint> barePress_;  ///< a press on a bare part, pixels of the window
     std::optional<QPoint> carriedAt_;  ///< the same while the window is carried without the system's help
-    bool resizing_ = false;
     bool shownOnce_ = false;
 };
 
