@@ -7,6 +7,7 @@
 #include "shell/editing_toolbar_window.h"
 #include "shell/note_test_window.h"
 #include "shell/setup_toolbar_window.h"
+#include "ui/qt_window_place.h"
 
 namespace melvane {
 
@@ -76,6 +77,7 @@ void Program::showHelp(const QString& topic) {
     if (helpTimer_ != 0) return;
     helpTimer_ = outside_.loop.startTimer(helpPause, [this] {
         outside_.loop.stopTimer(std::exchange(helpTimer_, 0));
+        putBeforeActiveWindow(help());
         help().show();
         help().raise();
         help().activateWindow();

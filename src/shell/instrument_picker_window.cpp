@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 
 #include "shell/instrument_picker.h"
+#include "ui/qt_window_place.h"
 
 namespace melvane {
 
@@ -86,6 +87,7 @@ void FrmInst::follow() {
     if (!studio_.FrmInst.window.visible()) return hide();
     if (!studio_.FrmInst.placed) centre();
     studio_.FrmInst.placed = true;
+    putBeforeActiveWindow(*this);
     show();
     LstInstruments_->setFocus();
     LstInstruments_->scrollToItem(LstInstruments_->currentItem(), QAbstractItemView::PositionAtCenter);

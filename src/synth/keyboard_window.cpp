@@ -1,6 +1,7 @@
 #include "synth/keyboard_window.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
@@ -23,7 +24,8 @@ namespace melvane {
 namespace {
 
 // Pixels.
-constexpr QSize usualSize(1120, 640);
+constexpr int smallestUsual = 1120, largestUsual = 1600, usualHeight = 640;  // of the contents
+constexpr double usualShare = 0.85;                                          // of the screen's width
 constexpr int space = 4, pageMargin = 8, bottomMargin = 20, leastKeys = 120;
 
 }  // namespace
@@ -42,13 +44,18 @@ frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
     bindShown(*Picture2_, studio.frmsynth.Picture2, [this] { followPages(); });
     attachKeys();
     client()->installEventFilter(this);
-    resize(sizeAround(usualSize));
+    resize(sizeAround(usualSize()));
     Picture5_->setFocus();
     commands_.window.frame = this;
 }
 
 frmsynth::~frmsynth() {
     if (commands_.window.frame == this) commands_.window.frame = nullptr;
+}
+
+QSize frmsynth::usualSize() const {
+    const int share = static_cast<int>(screen()->availableGeometry().width() * usualShare);
+    return {std::clamp(share, smallestUsual, largestUsual), usualHeight};
 }
 
 QWidget* frmsynth::makePages() {

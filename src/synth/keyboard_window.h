@@ -44,6 +44,7 @@ class frmsynth : public FramedWindow, public MainFrame {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    QSize usualSize() const;
     QWidget* makePages();
     void addPage(QWidget* page, const QString& title);
     void attachKeys();

@@ -1,8 +1,9 @@
 #include "ui/qt_window_place.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 
 #include "core/main_frame.h"
@@ -19,6 +20,13 @@ void placeOnScreen(QWidget& window, QPoint corner) {
     const QSize spare = (room.size() - window.frameGeometry().size()).expandedTo(QSize(0, 0));
     window.move(std::clamp(corner.x(), room.left(), room.left() + spare.width()),
                 std::clamp(corner.y(), room.top(), room.top() + spare.height()));
+}
+
+void putBeforeActiveWindow(QWidget& window) {
+    const QWidget* const front = QApplication::activeWindow();
+    if (front == nullptr || front == &window || front->windowHandle() == nullptr) return;
+    window.winId();  // makes its handle
+    window.windowHandle()->setTransientParent(front->windowHandle());
 }
 
 int pixelsOfTwips(double twips) { return qRound(std::clamp(twips / twipsAPixel, -32000.0, 32000.0)); }

@@ -9,6 +9,9 @@ namespace melvane {
 /// screen that exists.
 void placeOnScreen(QWidget& window, QPoint corner);
 
+/// Before it is shown: it stays in front of the window that is active now, also where another owns it.
+void putBeforeActiveWindow(QWidget& window);
+
 /// Twips (15 a pixel) as pixels; a place far outside every screen comes back inside their range.
 int pixelsOfTwips(double twips);
 
