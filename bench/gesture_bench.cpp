@@ -12,6 +12,7 @@
 
 #include "core/tablet_view.h"
 #include "full_score.h"
+#include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
 #include "shell/engine.h"
 #include "shell/main_window.h"
@@ -110,15 +111,19 @@ class Stage {
     SteadyClock clock;
     QtEventLoop loop{clock};
     FirstMessagePort port;
+    NoMediaDevice media;
     MemorySettingsStore store;
     NoDialogs dialogs;
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{
-        clock,   loop,
-        port,    store,
-        dialogs, Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
+    Outside outside{clock,
+                    loop,
+                    port,
+                    media,
+                    store,
+                    dialogs,
+                    Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
     PaintWatch watch;
     TabletView* tablet = nullptr;

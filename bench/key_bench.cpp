@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/media_error.h"
 #include "platform/virtual_time.h"
 #include "render/null_surfaces.h"
 #include "render/null_windows.h"
@@ -40,13 +41,14 @@ class StampingPort final : public MidiPort {
 struct Instrument {
     VirtualTime time;
     StampingPort port;
+    NoMediaDevice media;
     MemorySettingsStore store;
     NullDialogs dialogs;
     NullSurfaces surfaces;
     NullFrame frame;
     NullToolWindows toolWindows;
     Studio studio;
-    Outside outside{time, time, port, store, dialogs, Directories{"/dev/null", "/dev/null"}};
+    Outside outside{time, time, port, media, store, dialogs, Directories{"/dev/null", "/dev/null"}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

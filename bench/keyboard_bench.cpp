@@ -16,6 +16,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
 #include "shell/engine.h"
 #include "shell/main_window.h"
@@ -103,14 +104,18 @@ class Stage {
     SteadyClock clock;
     QtEventLoop loop{clock};
     NotePort port;
+    NoMediaDevice media;
     MemorySettingsStore store;
     NoDialogs dialogs;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{
-        clock,   loop,
-        port,    store,
-        dialogs, Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
+    Outside outside{clock,
+                    loop,
+                    port,
+                    media,
+                    store,
+                    dialogs,
+                    Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
     frmsynth keyboard{studio, engine.keyboard};
 };

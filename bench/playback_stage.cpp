@@ -69,6 +69,7 @@ Stage::Stage()
     : outside{clock,
               loop,
               port,
+              media,
               store,
               dialogs,
               Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}},

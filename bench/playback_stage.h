@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/program.h"
+#include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
 
 namespace melvane::bench {
@@ -83,6 +84,7 @@ class Stage {
     SteadyClock clock;
     QtEventLoop loop{clock};
     ColumnPort port;
+    NoMediaDevice media;
     MemorySettingsStore store;
     NoDialogs dialogs;
     Outside outside;

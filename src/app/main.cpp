@@ -50,7 +50,7 @@ int runStudio(const CommandLine& line) {
     QtDialogs dialogs(loop);
     QtSingleInstance instance;
     SoundSystem sound(clock);
-    Outside outside{clock, loop, sound.port(), settings, dialogs, ownDirectories()};
+    Outside outside{clock, loop, sound.port(), sound.media(), settings, dialogs, ownDirectories()};
     Program program(outside);
     program.engine().startUp.anotherInstanceRuns = [&instance] { return instance.anotherRuns(); };
     if (!program.mayStart()) return 0;

@@ -60,7 +60,8 @@ int savePicture(const CommandLine& line) {
     QtDialogs dialogs(loop);
     MemorySettingsStore settings;
     SilentSystem sound(clock);
-    Outside outside{clock, loop, sound.port(), settings, dialogs, {folder.path().toStdString(), {}}};
+    Outside outside{
+        clock, loop, sound.port(), sound.media(), settings, dialogs, {folder.path().toStdString(), {}}};
     Program program(outside);
     program.start();
     if (!line.score.empty()) program.openScore(line.score);

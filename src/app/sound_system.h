@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "platform/clock.h"
+#include "platform/media_error.h"
 #include "platform/midi_devices.h"
 #include "platform/sound_card.h"
 #include "platform/synthesizer.h"
@@ -20,6 +21,7 @@ class SoundSystem {
     explicit SoundSystem(const Clock& clock);
 
     MidiPort& port() { return devices_; }
+    MediaDevice& media() { return media_; }
     /// What the user is to be told now, each thing once. User-interface thread.
     std::optional<std::string> takeNotice();
 
@@ -30,6 +32,7 @@ class SoundSystem {
     SystemMidiPorts systemPorts_;
     MidiDevices devices_{synthesizer_, systemPorts_};
     SoundCard card_;
+    NoMediaDevice media_;
     std::mutex noticeLock_;
     std::optional<std::string> soundFontNotice_;
     std::jthread loading_;
@@ -40,11 +43,13 @@ class SilentSystem {
  public:
     explicit SilentSystem(const Clock& clock) : synthesizer_(clock, 0) {}
     MidiPort& port() { return devices_; }
+    MediaDevice& media() { return media_; }
 
  private:
     Synthesizer synthesizer_;
     SystemMidiPorts systemPorts_;
     MidiDevices devices_{synthesizer_, systemPorts_};
+    NoMediaDevice media_;
 };
 
 }  // namespace melvane

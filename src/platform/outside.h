@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/event_loop.h"
+#include "platform/media_device.h"
 #include "platform/midi_port.h"
 #include "platform/settings_store.h"
 
@@ -15,6 +16,7 @@ struct Outside {
     Clock& clock;
     EventLoop& loop;
     MidiPort& port;
+    MediaDevice& media;
     SettingsStore& settings;
     Dialogs& dialogs;
     Directories directories;

@@ -10,6 +10,7 @@
 #include "measured.h"
 #include "onset_finder.h"
 #include "platform/files.h"
+#include "platform/media_error.h"
 #include "platform/midi_devices.h"
 #include "platform/qt_event_loop.h"
 #include "platform/sound_card.h"
@@ -90,9 +91,10 @@ class ScorePlayback : public testing::Test {
     Synthesizer synthesizer{clock, SoundCard::messageDelaySeconds};
     NoSystemPorts system;
     MidiDevices port{synthesizer, system};
+    NoMediaDevice media;
     MemorySettingsStore settings;
     QtDialogs dialogs{loop};
-    Outside outside{clock, loop, port, settings, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{clock, loop, port, media, settings, dialogs, Directories{folder.path(), folder.path()}};
 };
 
 TEST_F(ScorePlayback, EveryNoteIsHeardInItsTimeAndAtItsPitch) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/settings_store.h"
@@ -144,13 +145,14 @@ class ProgramTest : public testing::Test {
     TemporaryFolder folder;
     VirtualTime time;
     RecordingMidiPort port{time};
+    RecordingMediaDevice media{time};
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
     RecordingSurfaces surfaces;
     PlainFrame frame;
     RecordingToolWindows toolWindows;
     Studio studio;
-    Outside outside{time, time, port, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

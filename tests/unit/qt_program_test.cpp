@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/settings_store.h"
@@ -45,9 +46,10 @@ class QtProgramTest : public testing::Test {
     test::TemporaryFolder folder;
     VirtualTime time;
     RecordingMidiPort port{time};
+    RecordingMediaDevice media{time};
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
-    Outside outside{time, time, port, store, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), folder.path()}};
     std::unique_ptr<Program> program = std::make_unique<Program>(outside);
 };
 

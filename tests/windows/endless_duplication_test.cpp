@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
@@ -72,12 +73,13 @@ class EndlessDuplication : public testing::Test {
     QtEventLoop loop{clock};
     VirtualTime unused;
     RecordingMidiPort port{clock};
+    NoMediaDevice media;
     MemorySettingsStore store;
     ScriptedDialogs dialogs{unused};
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{clock, loop, port, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{clock, loop, port, media, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
     Form2* toolbar = nullptr;
     int turns = 0;

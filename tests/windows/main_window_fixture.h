@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "core/tablet_view.h"
+#include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/settings_store.h"
@@ -63,12 +64,13 @@ class MainWindowTest : public testing::Test {
     TemporaryFolder folder;
     VirtualTime time;
     RecordingMidiPort port{time};
+    RecordingMediaDevice media{time};
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{time, time, port, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
 };
 

@@ -2,6 +2,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/media_error.h"
 #include "platform/settings_store.h"
 #include "platform/virtual_time.h"
 #include "render/null_surfaces.h"
@@ -22,6 +23,7 @@ class RenderStudio {
 
     VirtualTime& time;
     MidiPort& port;
+    NoMediaDevice media;
     MemorySettingsStore settings;
     NullDialogs dialogs;
     NullSurfaces surfaces;
@@ -29,7 +31,7 @@ class RenderStudio {
     NullToolWindows toolWindows;
     Studio studio;
     // No folder can be made below a device.
-    Outside outside{time, time, port, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
+    Outside outside{time, time, port, media, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 
