@@ -1,4 +1,5 @@
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include "core/text_list.h"
 #include "synth/performance_lists.h"
@@ -36,6 +37,22 @@ void buildListsOfAnHour(benchmark::State& state) {
     state.counters["limit_ms"] = 1000;
 }
 BENCHMARK(buildListsOfAnHour)->Arg(3)->Arg(25)->Arg(200)->Arg(ticksOfAnHour)->Unit(benchmark::kMillisecond);
+
+/// What a capture of an hour holds in memory: 40 bytes a tick at most.
+void memoryOfAnHour(benchmark::State& state) {
+    double bytes = 0;
+    for (auto _ : state) {
+        const auto before = mallinfo2();
+        const Hour hour(25);
+        const auto after = mallinfo2();
+        bytes = static_cast<double>(after.uordblks + after.hblkhd) -
+                static_cast<double>(before.uordblks + before.hblkhd);
+        benchmark::DoNotOptimize(hour.rows.count());
+    }
+    state.counters["bytes_a_tick"] = bytes / ticksOfAnHour;
+    state.counters["limit_bytes"] = 40;
+}
+BENCHMARK(memoryOfAnHour)->Unit(benchmark::kMillisecond);
 
 void copyAnHour(benchmark::State& state) {
     const Hour hour(25);

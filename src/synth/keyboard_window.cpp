@@ -26,7 +26,10 @@ namespace {
 // Pixels.
 constexpr int smallestUsual = 1120, largestUsual = 1600, usualHeight = 640;  // of the contents
 constexpr double usualShare = 0.85;                                          // of the screen's width
-constexpr int space = 4, pageMargin = 8, bottomMargin = 20, leastKeys = 120;
+constexpr int space = 4, pageTop = 6, bottomMargin = 20, leastKeys = 120;
+constexpr QMargins tabsMargins(6, 0, 7, 26);          // 200 and 400 twips in all
+constexpr int framesNarrower = 20, framesLower = 33;  // than the tabs: 300 and 500 twips
+constexpr int paneBorder = 1;
 
 }  // namespace
 
@@ -62,7 +65,7 @@ QWidget* frmsynth::makePages() {
     auto* const panel = new QWidget(client());
     panel->setObjectName("Picture2");
     auto* const box = new QVBoxLayout(panel);
-    box->setContentsMargins(0, 0, 0, 0);
+    box->setContentsMargins(tabsMargins);
     SSTab1_ = new QTabWidget(panel);
     SSTab1_->setObjectName("SSTab1");
     SSTab1_->setAccessibleName("Pages of the keyboard");
@@ -80,9 +83,7 @@ QWidget* frmsynth::makePages() {
 void frmsynth::addPage(QWidget* page, const QString& title) {
     auto* const around = new QWidget;
     auto* const box = new QVBoxLayout(around);
-    box->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
-    box->addWidget(page);
-    box->addStretch();
+    box->addWidget(page, 1);
     auto* const area = new QScrollArea(SSTab1_);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -178,14 +179,28 @@ bool frmsynth::eventFilter(QObject* watched, QEvent* event) {
 
 // Layout
 
-/// What the tallest page asks for, with the tabs over it.
-int frmsynth::pagesHeight(int width) const {
-    int tallest = 0;
+/// What the tallest page asks for, with the tabs over it and the ground around them.
+int frmsynth::pagesHeight(int outerWidth) const {
+    const int width = outerWidth - tabsMargins.left() - tabsMargins.right();
+    int tallestPage = 0;
     for (int at = 0; at < SSTab1_->count(); ++at) {
         const auto* const area = static_cast<const QScrollArea*>(SSTab1_->widget(at));
-        tallest = std::max(tallest, area->widget()->heightForWidth(width - 2));
+        tallestPage = std::max(tallestPage, area->widget()->heightForWidth(width - 2 * paneBorder));
     }
-    return tallest + SSTab1_->tabBar()->sizeHint().height() + 2;
+    return tallestPage + tabsMargins.top() + tabsMargins.bottom() + SSTab1_->tabBar()->sizeHint().height() +
+           2 * paneBorder;
+}
+
+/// The ground around the frame of each page.
+void frmsynth::layOutFrames() {
+    const QSize tabs = SSTab1_->size(), page = SSTab1_->currentWidget()->size();
+    const int side = (framesNarrower - (tabs.width() - page.width())) / 2;
+    const int below = framesLower - (tabs.height() - page.height()) - pageTop;
+    for (int at = 0; at < SSTab1_->count(); ++at) {
+        const auto* const area = static_cast<const QScrollArea*>(SSTab1_->widget(at));
+        area->widget()->layout()->setContentsMargins(std::max(0, side), pageTop, std::max(0, side),
+                                                     std::max(0, below));
+    }
 }
 
 /// The keys have the shape of a piano's where the pages leave them the height.
@@ -206,6 +221,7 @@ void frmsynth::layOut() {
     Picture5_->setGeometry(left, top, width, keys);
     const int below = top + keys + 2 * space;
     Picture2_->setGeometry(left, below, width, std::max(0, client()->height() - below - bottomMargin));
+    layOutFrames();
 }
 
 }  // namespace melvane

@@ -53,7 +53,8 @@ class frmsynth : public FramedWindow, public MainFrame {
     int spareKeys() const;
     void followSize();
     void layOut();
-    int pagesHeight(int width) const;
+    void layOutFrames();
+    int pagesHeight(int outerWidth) const;
 
     Studio& studio_;
     KeyboardCommands& commands_;

@@ -18,6 +18,8 @@ namespace {
 constexpr double groundCorner = 7.5, whiteCorner = 4, blackCorner = 3;  // pixels
 constexpr int lip = 6;                                  // pixels, the front edge of a key that is up
 constexpr double naturalRatio = 6.4, longestRatio = 8;  // of a white key, height by width
+constexpr double edgeWidth = 2;                         // pixels
+constexpr int edgeContrast = 145;                       // percent
 constexpr int labelPoints = 9, blackLabelPoints = 8;
 
 constexpr QColor keyEdge(0x70, 0x78, 0x80), whiteLip(0xD3, 0xD7, 0xDB);
@@ -25,6 +27,18 @@ constexpr QColor keyEdge(0x70, 0x78, 0x80), whiteLip(0xD3, 0xD7, 0xDB);
 bool rests(Colour colour) { return colour == Colour{255, 255, 255} || colour == Colour{0, 0, 0}; }
 
 QRect rectOf(const KeyBox& box) { return {box.left, box.top, box.width, box.height}; }
+
+/// Lit from above: the ground lies higher than what is around it.
+void paintRaisedEdge(QPainter& painter, const QRectF& box, const QColor& ground) {
+    QLinearGradient light(box.topLeft(), box.bottomLeft());
+    light.setColorAt(0, ground.lighter(edgeContrast));
+    light.setColorAt(1, ground.darker(edgeContrast));
+    painter.setPen(QPen(QBrush(light), edgeWidth));
+    painter.setBrush(Qt::NoBrush);
+    const double half = edgeWidth / 2;
+    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), groundCorner - half, groundCorner - half);
+    painter.setPen(Qt::NoPen);
+}
 
 /// A key has round corners in front only.
 void fillKey(QPainter& painter, const QRectF& box, double corner) {
@@ -170,6 +184,7 @@ void PianoView::paintEvent(QPaintEvent* event) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(toQt(studio_.frmsynth.Picture5.backColour()));
     painter.drawRoundedRect(rect(), groundCorner, groundCorner);
+    paintRaisedEdge(painter, rect(), toQt(studio_.frmsynth.Picture5.backColour()));
     const KeyBox first = geometry().key(0), last = geometry().key(Keyboard::keys - 1);
     painter.setBrush(palette::text);  // what shows between the keys
     painter.drawRect(QRect(origin(), QSize(last.left + last.width - first.left, first.height - lip)));

@@ -2,6 +2,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QScrollArea>
 #include <QTabWidget>
 #include <QToolTip>
@@ -122,8 +123,26 @@ TEST_F(KeyboardWindowTest, ThePartsStandAsWideAsTheDesignHasThem) {
     EXPECT_EQ(pagesPanel.width(), keys.width());
     EXPECT_GT(pagesPanel.y(), keys.y() + keys.height());
     EXPECT_EQ(pagesPanel.mapTo(&keyboard, QPoint(0, pagesPanel.height())).y(), 720 - 5 - 20);
+    const QSize tabs = pages().size();
+    EXPECT_EQ(tabs, QSize(pagesPanel.width() - 200 / twipsAPixel, pagesPanel.height() - 400 / twipsAPixel));
+    for (int page = 0; page < pages().count(); ++page) {
+        open(page);
+        const auto* const area = static_cast<const QScrollArea*>(pages().currentWidget());
+        const auto* const frame = area->widget()->layout()->itemAt(0)->widget();
+        EXPECT_EQ(frame->width(), tabs.width() - 300 / twipsAPixel) << page;
+        EXPECT_EQ(frame->height(), tabs.height() - 500 / twipsAPixel) << page;
+    }
     const auto& bar = part("Label4");
     EXPECT_LE(bar.y() + bar.height(), keys.y());
+}
+
+TEST_F(KeyboardWindowTest, TheGroundOfTheKeysHasARaisedEdge) {
+    const QImage keys = part("Picture5").grab().toImage();
+    const int middle = keys.width() / 2;
+    const QColor above = keys.pixelColor(middle, 0), ground = keys.pixelColor(middle, 5),
+                 below = keys.pixelColor(middle, keys.height() - 1);
+    EXPECT_GT(above.lightness(), ground.lightness());
+    EXPECT_LT(below.lightness(), ground.lightness());
 }
 
 TEST_F(KeyboardWindowTest, WithoutThePagesTheWindowIsAsHighAsItsKeys) {

@@ -1,0 +1,83 @@
+#pragma once
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/media_error.h"
+#include "platform/qt_event_loop.h"
+#include "shell/engine.h"
+#include "shell/main_window.h"
+#include "synth/keyboard_window.h"
+#include "ui/floating_windows_window.h"
+
+namespace melvane::bench {
+
+using Moment = std::chrono::steady_clock::time_point;
+inline Moment now() { return std::chrono::steady_clock::now(); }
+
+/// Notes when each note on arrived.
+class NotePort final : public MidiPort {
+ public:
+    std::vector<Moment> notes;
+
+    int midiOutGetNumDevs() override { return 1; }
+    std::string midiOutGetDevCapsA(int) override { return "bench"; }
+    Result midiOutOpen(Handle& handle, int) override {
+        handle = 1;
+        return ok;
+    }
+    Result midiOutClose(Handle) override { return ok; }
+    Result midiOutReset(Handle) override { return ok; }
+    Result midiOutShortMsg(Handle, std::uint32_t message) override {
+        if ((message & 0xF0U) == 0x90U) notes.push_back(now());
+        return ok;
+    }
+};
+
+class NoDialogs final : public Dialogs {
+ public:
+    FileChoice openFile(const FileQuestion&) override { return {}; }
+    FileChoice saveFile(const FileQuestion&) override { return {}; }
+    BoxAnswer messageBox(BoxKind, const std::string&, const std::string&, BoxButtons) override {
+        return BoxAnswer::ok;
+    }
+};
+
+/// The keyboard window in front, with the whole engine behind it, on the real clock and event loop.
+class KeyboardStage {
+ public:
+    KeyboardStage();
+
+    /// A key of the machine by its letter, capital, as an event in the queue of the system's events.
+    void press(char letter) { send(letter, true); }
+    void release(char letter) { send(letter, false); }
+    /// The real event loop, until so many milliseconds have passed and nothing is pending.
+    static void serve(int milliseconds);
+
+    Studio studio;
+    NotePort port;
+
+ private:
+    void send(char letter, bool down);
+
+    SteadyClock clock;
+    QtEventLoop loop{clock};
+    NoMediaDevice media;
+    MemorySettingsStore store;
+    NoDialogs dialogs;
+    form1 window{studio};
+    FloatingWindows floatingWindows;
+    Outside outside;
+
+ public:
+    Engine engine;
+
+ private:
+    frmsynth keyboard{studio, engine.keyboard};
+};
+
+/// Qt on the offscreen screen of the benchmarks, with the program's style. `application` arguments as main's.
+int runOnScreen(int argc, char** argv, int (*work)(int, char**));
+
+}  // namespace melvane::bench
