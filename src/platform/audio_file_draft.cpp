@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -37,7 +38,8 @@ int FileDraft::open() {
         descriptor_ = ::open(target_.c_str(), O_RDWR | O_CLOEXEC);
         return descriptor_;
     }
-    std::string name = target_ + ".XXXXXX";
+    // A name of its own: the target's may be as long as a name can be.
+    std::string name = (std::filesystem::path(target_).parent_path() / ".melvane.XXXXXX").string();
     descriptor_ = mkostemp(name.data(), O_CLOEXEC);
     if (descriptor_ < 0) return -1;
     temporary_ = name;

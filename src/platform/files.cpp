@@ -37,6 +37,16 @@ bool writeAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
+/// For a file that may be written in a folder where none can be made: there is no way to keep the old one
+/// meanwhile.
+bool replaceInPlace(const std::string& path, std::string_view bytes) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0) return false;
+    const bool written =
+        writeAll(descriptor, bytes) && ftruncate(descriptor, static_cast<off_t>(bytes.size())) == 0;
+    return ::close(descriptor) == 0 && written;
+}
+
 /// The entry of `folder` that differs from `name` in case only; empty when there is none.
 fs::path entryNoCase(const fs::path& folder, const std::string& name) {
     std::error_code failed;
@@ -76,7 +86,11 @@ std::optional<std::string> writeFileWhole(const std::string& path, std::string_v
     const bool replaces = stat(target.c_str(), &earlier) == 0;
     if (replaces && access(target.c_str(), W_OK) != 0) return draft.failure(lastSystemError());
     const int descriptor = draft.open();
-    if (descriptor < 0) return draft.failure(lastSystemError());
+    if (descriptor < 0) {
+        const std::string reason = lastSystemError();
+        const bool inPlace = replaces && replaceInPlace(target, bytes);
+        return inPlace ? std::nullopt : std::optional(draft.failure(reason));
+    }
     // Rights that cannot be kept do not stop the writing.
     if (replaces) [[maybe_unused]]
         const int ignored = fchmod(descriptor, earlier.st_mode & 07777U);

@@ -12,7 +12,8 @@ std::optional<std::string> readFile(const std::string& path);
 /// Whether `path` is a file that can be opened for reading.
 bool fileExists(const std::string& path);
 
-/// Writes the file so that it is complete or as it was before. What failed, as one line for the user; no
+/// Writes the file so that it is complete or as it was before; only where the folder takes no new file is one
+/// that may be written changed where it lies. What failed, as one line for the user; no
 /// value when the file is complete. A link is followed, and an earlier file's rights stay.
 std::optional<std::string> writeFileWhole(const std::string& path, std::string_view bytes);
 

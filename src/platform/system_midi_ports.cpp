@@ -14,7 +14,8 @@ constexpr const char* sequencerDevice = "/dev/snd/seq";
 // happened.
 void keepQuiet(RtMidiError::Type, const std::string&, void*) {}
 
-/// Null where the sequencer is missing. The library would print that at each call, so it is not even asked then.
+/// Null where the sequencer is missing. The library would print that at each call, so it is not even asked
+/// then.
 std::unique_ptr<RtMidiOut> connectToSequencer() {
     if (access(sequencerDevice, R_OK | W_OK) != 0) return nullptr;
     try {

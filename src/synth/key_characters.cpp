@@ -124,7 +124,7 @@ bool isLike(std::string_view label, std::string_view typed) {
     if (typed == "?") return isOneCharacter(label);
     if (typed == "#") return label.size() == 1 && label[0] >= '0' && label[0] <= '9';
     if (typed == "*") return true;
-    return typed != "[" && label == typed;
+    return !typed.empty() && typed != "[" && label == typed;
 }
 
 }  // namespace melvane

@@ -28,10 +28,13 @@ KeyMouse::KeyMouse(Studio& studio, KeySounds& sounds, EventLoop& loop)
 void KeyMouse::CmdKey_MouseDown(int index, int button, int, double, double) {
     if (button != leftButton || !isKey(index)) return;
     studio_.keyboard.PressedKeyText = std::to_string(index);
-    clicked_ = index;
+    clicked_ = {index, {}};
+    takenAway_ = false;
     loop_.Idle();
+    if (takenAway_) return;
     paintSounding(studio_, index);
     sound(index);
+    if (clicked_) clicked_->word = studio_.keyboard.NoteWord[0];
 }
 
 void KeyMouse::sound(int index) {
@@ -75,8 +78,12 @@ void KeyMouse::CmdKey_MouseUp(int index, int, int, double, double) {
     paintResting(studio_, index, index + repaintedKeys);
 }
 
+/// Other keys may have used the word since; the note that the click began is the one to end.
 void KeyMouse::releaseClickedKey() {
-    if (clicked_) CmdKey_MouseUp(*clicked_, leftButton, 0, 0, 0);
+    takenAway_ = true;
+    if (!clicked_) return;
+    if (clicked_->word) studio_.keyboard.NoteWord[0] = *clicked_->word;
+    CmdKey_MouseUp(clicked_->index, leftButton, 0, 0, 0);
 }
 
 void KeyMouse::Label4_MouseMove(int, int, double, double) {

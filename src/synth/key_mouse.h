@@ -36,7 +36,12 @@ class KeyMouse {
     Studio& studio_;
     KeySounds& sounds_;
     EventLoop& loop_;
-    std::optional<int> clicked_;
+    struct Clicked {
+        int index;
+        std::optional<Int16> word;  ///< of its note, once it sounds
+    };
+    std::optional<Clicked> clicked_;
+    bool takenAway_ = false;  ///< since the last press
 };
 
 }  // namespace melvane

@@ -28,8 +28,9 @@ KeyboardCommands::KeyboardCommands(Studio& studio, Parts parts)
 }
 
 void KeyboardCommands::releaseHeldKeys() {
-    keys.releaseHeldKeys();
+    notes.endStrums();
     mouse.releaseClickedKey();
+    keys.releaseHeldKeys();
 }
 
 void KeyboardCommands::listNames(NameTables& tables) {

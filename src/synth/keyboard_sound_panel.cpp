@@ -111,9 +111,12 @@ QWidget* makeMetronome(KeyboardControls& synth, KeyboardSliders& sliders, QWidge
     auto* const row = new QHBoxLayout;
     row->setSpacing(lightSpace);
     for (std::size_t at = 0; at < beatCaptions.size(); ++at) {
-        const QString tip = QStringLiteral("%1 beats per minute").arg(beatCaptions[at]);
-        row->addWidget(makeOption(memberName("Optbeat", static_cast<int>(at)), beatCaptions[at], tip,
-                                  synth.Optbeat[at], group));
+        const QString name = QStringLiteral("%1 beats per minute").arg(beatCaptions[at]);
+        QWidget* const option =
+            makeOption(memberName("Optbeat", static_cast<int>(at)), beatCaptions[at],
+                       QString::fromStdString(synth.Optbeat[at].tip()), synth.Optbeat[at], group);
+        option->setAccessibleName(name);
+        row->addWidget(option);
     }
     row->addStretch();
     group->rows().addLayout(row);

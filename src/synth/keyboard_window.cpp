@@ -214,13 +214,14 @@ void frmsynth::layOut() {
     const int barHeight = Label4_->sizeHint().height();
     Label4_->setGeometry(left, KeyboardToolbar::height, width, barHeight);
     const int top = KeyboardToolbar::height + barHeight + space;
-    const int room = std::max(0, client()->height() - top - bottomMargin);
+    const int floor = height() - bottomMargin - client()->y();
+    const int room = std::max(0, floor - top);
     const bool pages = synth.Picture2.visible();
     const int spare = room - (pages ? pagesHeight(width) + 2 * space : 0);
     const int keys = std::clamp(spare, leastKeys, std::max(leastKeys, PianoView::naturalHeight(width)));
     Picture5_->setGeometry(left, top, width, keys);
     const int below = top + keys + 2 * space;
-    Picture2_->setGeometry(left, below, width, std::max(0, client()->height() - below - bottomMargin));
+    Picture2_->setGeometry(left, below, width, std::max(0, floor - below));
     layOutFrames();
 }
 

@@ -83,7 +83,8 @@ void KeyboardWindowCommands::makeSongsFolder() {
     const auto songs = parts_.directories.songs();
     std::error_code failed;
     std::filesystem::create_directories(songs, failed);
-    studio_.keyboard.OpenFolder = studio_.keyboard.SaveFolder = songs.string();
+    auto& keyboard = studio_.keyboard;
+    keyboard.OpenFolder = keyboard.SaveFolder = keyboard.ScoreFolder = songs.string();
 }
 
 void KeyboardWindowCommands::openDevice() {

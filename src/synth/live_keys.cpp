@@ -105,7 +105,10 @@ void LiveKeys::releaseHeldKeys() {
     const auto space =
         std::ranges::stable_partition(held, [](const auto& key) { return key.code != spaceCode; });
     for (const HeldKey& key : held) releaseHeld(key);
-    if (space.empty()) return;
+    if (space.empty()) {
+        if (!notes_.gateIsOpen()) return;
+        releaseSpace();  // the editing of labels took its release away
+    }
     for (const HeldKey& key : held) {
         for (const int struck : key.struck) notes_.NoteUp3(struck);
     }

@@ -16,6 +16,7 @@ constexpr double highestRow = 127 - KeySounds::lowestKey;
 constexpr int repaintedKeys = 14;     // over the root, at a release
 constexpr double strumUnit = 10;      // milliseconds
 constexpr float longestStrum = 1e9F;  // milliseconds
+constexpr double look = 0.01;         // seconds after which a strum that waits looks at the delay again
 constexpr int pointerAtRest = 15;     // twips from the slider's left edge at most
 
 }  // namespace
@@ -86,7 +87,7 @@ void LiveNotes::strumChord() {
     parts_.sounds.noteOn(3);
     if (!strums()) return;
     for (const int slot : {2, 1, 0}) {
-        waitStrum();
+        if (!waitStrum()) return;
         parts_.sounds.noteOn(slot);
     }
 }
@@ -96,8 +97,7 @@ void LiveNotes::playOctave() {
     if (strummed) startStrum();
     parts_.sounds.noteOn(1);
     if (!strummed) return;
-    waitStrum();
-    parts_.sounds.noteOn(0);
+    if (waitStrum()) parts_.sounds.noteOn(0);
 }
 
 void LiveNotes::startStrum() {
@@ -105,12 +105,21 @@ void LiveNotes::startStrum() {
         static_cast<float>(leadingNumber(studio_.frmsynth.Text1.text()) * strumUnit);
 }
 
-/// Serves events meanwhile; another strum may change the delay of the waits to come.
-void LiveNotes::waitStrum() {
-    const auto milliseconds = std::clamp(studio_.keyboard.StrumDelay, 0.0F, longestStrum);
-    const auto ticks =
-        static_cast<double>(milliseconds) * static_cast<double>(parts_.clock.frequency()) / 1000;
-    parts_.loop.waitUntil(parts_.clock.counter() + static_cast<std::int64_t>(ticks));
+/// Serves events meanwhile; another strum changes the delay of this wait too. False when endStrums() was
+/// called meanwhile.
+bool LiveNotes::waitStrum() {
+    const auto frequency = static_cast<double>(parts_.clock.frequency());
+    const std::int64_t start = parts_.clock.counter();
+    const auto slice = static_cast<std::int64_t>(look * frequency);
+    const auto due = [&] {
+        const auto milliseconds = std::clamp(studio_.keyboard.StrumDelay, 0.0F, longestStrum);
+        return start + static_cast<std::int64_t>(static_cast<double>(milliseconds) * frequency / 1000);
+    };
+    const unsigned era = era_;
+    do {
+        parts_.loop.waitUntil(std::min(due(), parts_.clock.counter() + slice));
+    } while (parts_.clock.counter() < due() && era == era_ && !parts_.loop.ended());
+    return era == era_;
 }
 
 // The release

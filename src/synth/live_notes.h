@@ -25,11 +25,15 @@ class LiveNotes {
     /// was typed last.
     void NoteUp3(int KeyIndex);
 
+    /// The strums that wait now sound nothing more.
+    void endStrums() { ++era_; }
+    /// The Spacebar is down for polynotes, as Label5 has it.
+    bool gateIsOpen() const;
+
     void listNames(NameTables& tables);
 
  private:
     bool isHeldStill(int keyIndex) const;
-    bool gateIsOpen() const;
     bool playsChord() const;
     bool strums() const;
 
@@ -37,7 +41,7 @@ class LiveNotes {
     void strumChord();
     void playOctave();
     void startStrum();
-    void waitStrum();
+    bool waitStrum();
 
     void markReleased(int keyIndex);
     void releaseChord(int keyIndex);
@@ -45,6 +49,7 @@ class LiveNotes {
 
     Studio& studio_;
     Parts parts_;
+    unsigned era_ = 0;  ///< counts endStrums()
 };
 
 }  // namespace melvane

@@ -200,7 +200,12 @@ void PianoView::tell(const KeyHandler& handler, int index, int button, const QMo
     handler(index, button, shiftMask(event), inside.x(), inside.y());
 }
 
+void PianoView::letGo(Qt::MouseButtons down) {
+    if (held_ && !down.testFlag(held_->button)) held_.reset();
+}
+
 void PianoView::mousePressEvent(QMouseEvent* event) {
+    letGo(event->buttons() & ~event->button());
     const int index = held_ ? held_->key : keyAt(event->position().toPoint());
     if (index == Keyboard::noKey) return event->ignore();
     if (!held_) held_ = {index, event->button()};
@@ -208,6 +213,7 @@ void PianoView::mousePressEvent(QMouseEvent* event) {
 }
 
 void PianoView::mouseMoveEvent(QMouseEvent* event) {
+    letGo(event->buttons());
     const int index = held_ ? held_->key : keyAt(event->position().toPoint());
     if (index != Keyboard::noKey)
         tell(moved, index, buttonMask(event->buttons()), *event);

@@ -22,6 +22,10 @@ class KeyLabelField : public QLineEdit {
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    // The whole text stays selected.
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
+    void mouseDoubleClickEvent(QMouseEvent*) override { selectAll(); }
 
  private:
     const KeyLabel& label_;
@@ -60,6 +64,8 @@ class PianoView : public QWidget {
     QPoint origin() const;
     int keyAt(QPoint at) const;
     void tell(const KeyHandler& handler, int index, int button, const QMouseEvent& event) const;
+    /// The key whose button came up while another window had the mouse is no longer held.
+    void letGo(Qt::MouseButtons down);
     void paintKeys(QPainter& painter, const QRect& area, bool black) const;
 
     Studio& studio_;

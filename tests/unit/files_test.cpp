@@ -44,6 +44,47 @@ TEST(Files, AnEarlierFileIsReplacedWithItsRightsKept) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
 }
 
+TEST(Files, ANameMayBeAsLongAsNamesCanBe) {
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file(std::string(250, 'n') + ".sng");
+    EXPECT_EQ(writeFileWhole(path, "new"), std::nullopt);
+    EXPECT_EQ(readFile(path), "new");
+}
+
+/// Nobody in particular, where the tests run as the one who may do everything.
+class OrdinaryUser {
+ public:
+    OrdinaryUser() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
+    ~OrdinaryUser() {
+        if (changed_) [[maybe_unused]]
+            const int ignored = seteuid(0);
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+ private:
+    bool changed_;
+};
+
+TEST(Files, WhereTheFolderTakesNoNewFileAnEarlierOneIsChangedInItsPlace) {
+    const test::TemporaryFolder folder;
+    const std::string open = folder.make("open", "a longer text than the next");
+    const std::string closed = folder.make("closed", "old");
+    ASSERT_EQ(chmod(open.c_str(), 0666), 0);
+    ASSERT_EQ(chmod(closed.c_str(), 0444), 0);
+    ASSERT_EQ(chmod(folder.path().c_str(), 0555), 0);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(writeFileWhole(open, "short"), std::nullopt);
+        EXPECT_NE(writeFileWhole(closed, "new"), std::nullopt);
+        EXPECT_NE(writeFileWhole(folder.file("another"), "new"), std::nullopt);
+    }
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    EXPECT_EQ(readFile(open), "short");
+    EXPECT_EQ(readFile(closed), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 2);
+}
+
 TEST(Files, WritingThroughALinkKeepsTheLink) {
     const test::TemporaryFolder folder;
     const std::string real = folder.make("real", "old");

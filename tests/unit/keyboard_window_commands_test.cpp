@@ -93,11 +93,12 @@ TEST_F(KeyboardWindowCommandsTest, OneWiderThanTheScreenIsRepairedAndStored) {
 
 TEST_F(KeyboardWindowCommandsTest, TheSongsFolderIsMadeAndIsTheDialogs) {
     std::filesystem::remove_all(folder.path() / "Songs");
-    state().OpenFolder = state().SaveFolder = "elsewhere";
+    state().OpenFolder = state().SaveFolder = state().ScoreFolder = "elsewhere";
     load();
     EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "Songs"));
     EXPECT_EQ(state().OpenFolder, (folder.path() / "Songs").string());
     EXPECT_EQ(state().SaveFolder, state().OpenFolder);
+    EXPECT_EQ(state().ScoreFolder, state().OpenFolder);
 }
 
 TEST_F(KeyboardWindowCommandsTest, LoadingForgetsWhatWasHeld) {

@@ -80,6 +80,16 @@ TEST_F(MetronomeTest, AnUnevenIntervalIsHeldWithinOnePollWithoutDrift) {
     }
 }
 
+TEST_F(MetronomeTest, AHandlerThatTakesLongerThanABeatSilencesIt) {
+    metronome.onBeat = [this](std::int32_t& Beat) {
+        beats.push_back({time.tickCount(), Beat});
+        time.pause(600);
+    };
+    metronome.StartMetronome();
+    wait(2000);
+    EXPECT_EQ(taken(), (std::vector<Told>{{500, 1}}));
+}
+
 TEST_F(MetronomeTest, NothingStartsWithoutBeats) {
     state.BeatsPerMinute = 0;
     metronome.StartMetronome();

@@ -156,6 +156,18 @@ TEST_F(KeyboardPlayingTest, WhileTheLabelsAreEditedTheyHaveWhatIsTyped) {
     EXPECT_FALSE(label.isEnabled());
 }
 
+TEST_F(KeyboardPlayingTest, AnUnsteadyMouseLeavesTheWholeLabelSelected) {
+    editing(true);
+    auto& label = part<QLineEdit>("NoteX(3)");
+    QTest::mousePress(&label, Qt::LeftButton, {}, label.rect().center());
+    moveMouse(label, QPoint(1, 1), Qt::LeftButton);
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(1, 1));
+    EXPECT_EQ(label.selectedText(), "D");
+    press(Qt::Key_E, "e");
+    release(Qt::Key_E, "e");
+    EXPECT_EQ(controls().NoteX[3].text(), "e");
+}
+
 TEST_F(KeyboardPlayingTest, ASmallLetterAsALabelIsReachedByWhatIsTyped) {
     editing(true);
     auto& label = part<QLineEdit>("NoteX(3)");
@@ -180,13 +192,23 @@ TEST_F(KeyboardPlayingTest, AClickedKeySoundsUntilTheButtonIsUpWhereverTheMouseI
     QTest::mousePress(&piano(), Qt::LeftButton, {}, middleOf(7));
     EXPECT_EQ(sent(), Lines{"90 2B 64"});
     EXPECT_EQ(seen(7), QColor(255, 0, 0));
-    moveMouse(piano(), middleOf(20));
+    moveMouse(piano(), middleOf(20), Qt::LeftButton);
     QTest::mouseRelease(&piano(), Qt::LeftButton, {}, middleOf(20));
     EXPECT_EQ(sent(), Lines{"80 2B 00"});
     EXPECT_EQ(seen(7), QColor(255, 255, 255));
     QTest::mousePress(&piano(), Qt::RightButton, {}, middleOf(7));
     QTest::mouseRelease(&piano(), Qt::RightButton, {}, middleOf(7));
     EXPECT_EQ(std::ranges::count(sent(), "90 2B 64"), 0) << "only the left button plays";
+}
+
+TEST_F(KeyboardPlayingTest, AReleaseThatWasLostElsewhereDoesNotHoldTheKey) {
+    QTest::mousePress(&piano(), Qt::LeftButton, {}, middleOf(7));
+    sent();
+    // Another window had the mouse when the button came up.
+    QTest::mousePress(&piano(), Qt::LeftButton, {}, middleOf(20));
+    EXPECT_EQ(sent().front(), "90 38 64");
+    QTest::mouseRelease(&piano(), Qt::LeftButton, {}, middleOf(20));
+    EXPECT_EQ(sent().front(), "80 38 00");
 }
 
 TEST_F(KeyboardPlayingTest, ABlackKeyLiesOverTheWhiteOnes) {

@@ -50,9 +50,8 @@ class KeyboardWindowTest : public MainWindowTest {
         QKeyEvent event(type, key, modifiers, text, repeats);
         QCoreApplication::sendEvent(keyboard.windowHandle(), &event);
     }
-    /// A movement without a button.
-    static void moveMouse(QWidget& widget, QPoint to) {
-        QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, {}, {});
+    static void moveMouse(QWidget& widget, QPoint to, Qt::MouseButtons down = {}) {
+        QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, down, {});
         QCoreApplication::sendEvent(&widget, &move);
     }
     KeyboardControls& controls() { return studio.frmsynth; }

@@ -122,7 +122,7 @@ TEST_F(KeyboardWindowTest, ThePartsStandAsWideAsTheDesignHasThem) {
     const auto& pagesPanel = part("Picture2");
     EXPECT_EQ(pagesPanel.width(), keys.width());
     EXPECT_GT(pagesPanel.y(), keys.y() + keys.height());
-    EXPECT_EQ(pagesPanel.mapTo(&keyboard, QPoint(0, pagesPanel.height())).y(), 720 - 5 - 20);
+    EXPECT_EQ(pagesPanel.mapTo(&keyboard, QPoint(0, pagesPanel.height())).y(), 720 - 20);
     const QSize tabs = pages().size();
     EXPECT_EQ(tabs, QSize(pagesPanel.width() - 200 / twipsAPixel, pagesPanel.height() - 400 / twipsAPixel));
     for (int page = 0; page < pages().count(); ++page) {
@@ -152,7 +152,7 @@ TEST_F(KeyboardWindowTest, WithoutThePagesTheWindowIsAsHighAsItsKeys) {
     EXPECT_FALSE(part("Picture2").isVisible());
     const auto& keys = part("Picture5");
     EXPECT_GE(keys.height(), before);
-    EXPECT_EQ(keys.mapTo(&keyboard, QPoint(0, keys.height())).y(), keyboard.height() - 5 - 20);
+    EXPECT_EQ(keys.mapTo(&keyboard, QPoint(0, keys.height())).y(), keyboard.height() - 20);
     EXPECT_EQ(controls().place.height, 720 * twipsAPixel) << "its own height is that with the pages";
     engine.keyboard.window.Cmd2_Click(1);
     QCoreApplication::processEvents();
@@ -182,6 +182,10 @@ TEST_F(KeyboardWindowTest, EveryControlHasATipAndAName) {
         EXPECT_FALSE(widget->accessibleName().isEmpty() && (button == nullptr || button->text().isEmpty()))
             << name.toStdString();
         const bool isGround = name == "Picture5" || name == "Picmetro";
+        if (name == "Optbeat(4)") {
+            EXPECT_TRUE(widget->toolTip().isEmpty());  // by the design
+            continue;
+        }
         EXPECT_TRUE(isGround || name.startsWith("NoteX") || !widget->toolTip().isEmpty())
             << name.toStdString();
     }
