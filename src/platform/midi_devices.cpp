@@ -1,5 +1,7 @@
 #include "platform/midi_devices.h"
 
+#include <algorithm>
+
 namespace melvane {
 
 namespace {
@@ -79,6 +81,11 @@ MidiPort::Result MidiDevices::midiOutShortMsg(Handle handle, std::uint32_t messa
         sendToSystem(found->second, *decoded);
     }
     return ok;
+}
+
+bool MidiDevices::soundsElsewhere() const {
+    const auto isSystem = [](const auto& each) { return each.second.output != nullptr; };
+    return !open_.empty() && std::ranges::all_of(open_, isSystem);
 }
 
 // Notes one by one as well, for devices that do not know the silencing controllers.

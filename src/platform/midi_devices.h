@@ -30,6 +30,8 @@ class MidiDevices final : public MidiPort {
     Result midiOutClose(Handle handle) override;
     Result midiOutReset(Handle handle) override;
     Result midiOutShortMsg(Handle handle, std::uint32_t message) override;
+    /// Whether ports of the system are open, and the built-in synthesizer is not.
+    bool soundsElsewhere() const;
 
  private:
     /// A device behind a handle.

@@ -4,11 +4,10 @@
 
 #include <array>
 #include <atomic>
-#include <filesystem>
-#include <string>
 #include <utility>
 
 #include "platform/sound_source.h"
+#include "platform/sound_stream_errors.h"
 
 namespace melvane {
 
@@ -19,26 +18,6 @@ constexpr unsigned blockFrames = 256;
 constexpr unsigned blockCount = 4;
 constexpr int goOn = 0;
 constexpr int abortStream = 2;
-
-// The library's error callback is given no object. It is called on the thread that met the error: the
-// output's own, or the one that opens or closes it.
-thread_local std::atomic<bool>* lostFlagOfThisThread = nullptr;
-
-void noteError(RtAudioError::Type, const std::string&) {
-    if (lostFlagOfThisThread) *lostFlagOfThisThread = true;
-}
-
-/// Errors met on this thread go to `flag` while this lives.
-class ErrorsTo {
- public:
-    explicit ErrorsTo(std::atomic<bool>& flag) : before_(std::exchange(lostFlagOfThisThread, &flag)) {}
-    ~ErrorsTo() { lostFlagOfThisThread = before_; }
-    ErrorsTo(const ErrorsTo&) = delete;
-    ErrorsTo& operator=(const ErrorsTo&) = delete;
-
- private:
-    std::atomic<bool>* before_;
-};
 
 class RtOutput final : public SoundOutput {
  public:
@@ -85,7 +64,7 @@ bool RtOutput::startStream(RtAudio::Api api) {
     options.streamName = "Melvane";
     unsigned frames = blockFrames;
     audio_->openStream(&parameters, nullptr, RTAUDIO_FLOAT32, soundRate, &frames, &RtOutput::callback, this,
-                       &options, &noteError);
+                       &options, &noteStreamError);
     if (!audio_->isStreamOpen()) return false;
     audio_->startStream();
     return audio_->isStreamRunning();
@@ -112,21 +91,11 @@ int RtOutput::callback(void* out, void*, unsigned frames, double, RtAudioStreamS
     return goOn;
 }
 
-// ALSA prints a page of errors at each try on a machine without a card, so it is not even asked there.
-bool hasAlsaPlayback() {
-    std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator("/dev/snd", none)) {
-        const std::string name = entry.path().filename().string();
-        if (name.starts_with("pcm") && name.ends_with("p")) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 std::unique_ptr<SoundOutput> openMachineOutput(const SoundOutput::Fill& fill) {
     for (const RtAudio::Api api : apisInOrder) {
-        if (api == RtAudio::LINUX_ALSA && !hasAlsaPlayback()) continue;
+        if (api == RtAudio::LINUX_ALSA && !hasAlsaDevice('p')) continue;
         auto output = std::make_unique<RtOutput>(fill);
         if (output->openWith(api)) return output;
     }

@@ -1,0 +1,54 @@
+#pragma once
+#include <functional>
+#include <memory>
+
+#include "platform/media_capture_writer.h"
+#include "platform/media_unit.h"
+#include "platform/sound_input.h"
+
+namespace melvane {
+
+/// Where a capture gets its sound from.
+struct CaptureSources {
+    /// Hears the program's own sound. Outlives every capture.
+    CaptureTap& mix;
+    /// Whether what is to be recorded is played by another device than the built-in synthesizer.
+    std::function<bool()> soundsElsewhere;
+    SoundInput::Opener openInput;
+    std::chrono::milliseconds inputPatience{1000};
+};
+
+/// The device "waveaudio": records the program's own sound, or the machine's sound input while another MIDI
+/// output is in use.
+class Capture final : public MediaUnit {
+ public:
+    /// `mostBytes`: of a recording.
+    explicit Capture(const CaptureSources& sources, std::uint64_t mostBytes = mostWaveData);
+    ~Capture() override;
+    Capture(const Capture&) = delete;
+    Capture& operator=(const Capture&) = delete;
+
+    MediaDevice::Answer act(const MediaCommand& command) override;
+    void catchUp() override { writer_.catchUp(); }
+    /// A recording goes on with the program's own sound, which alone has the file in it.
+    void noteFilePlays() override;
+
+ private:
+    using Answer = MediaDevice::Answer;
+    Answer setFormat(const WaveFormat& format);
+    Answer record();
+    bool openInput();
+    Answer stop();
+    Answer erase();
+    void closeSource();
+    Answer length() const;
+
+    const CaptureSources sources_;
+    CaptureWriter writer_;
+    std::shared_ptr<CaptureTap> inputTap_ = std::make_shared<CaptureTap>();
+    std::unique_ptr<SoundInput> input_;
+    bool isRecording_ = false;
+    bool inputWasLost_ = false;
+};
+
+}  // namespace melvane

@@ -1,0 +1,70 @@
+#include "platform/media_capture_writer.h"
+
+#include <unistd.h>
+
+#include "platform/audio_file_draft.h"
+#include "platform/media_error.h"
+
+namespace melvane {
+
+namespace {
+
+bool writeWhole(int descriptor, std::string_view bytes) {
+    return write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+}
+
+}  // namespace
+
+void CaptureWriter::writeDown(bool isLast) {
+    std::size_t count = 0;
+    do {
+        count = ring_.ring.pop(sound_);
+        bytes_.clear();
+        encoder_->encode(std::span(sound_).first(count), isLast && count < sound_.size(), bytes_);
+        // What finds no room is passed over, so that the ring stays free.
+        static_cast<void>(spool_.append(bytes_));
+    } while (count == sound_.size());
+    written_ = spool_.size();
+}
+
+void CaptureWriter::finish() {
+    worker_.stop();
+    writeDown(true);
+}
+
+void CaptureWriter::clear() {
+    worker_.between([this] {
+        while (ring_.ring.pop(sound_) > 0) {
+        }
+        ring_.lostFrames = 0;
+        spool_.clear();
+        written_ = 0;
+    });
+}
+
+MediaDevice::Answer CaptureWriter::faults() const {
+    if (spool_.failure()) return answerOf(MediaError::noRoom, *spool_.failure());
+    if (spool_.isFull()) return answerOf(MediaError::tooLong);
+    if (const auto lost = ring_.lostFrames.load(); lost > 0) {
+        return answerOf(MediaError::framesLost, std::to_string(lost));
+    }
+    return {};
+}
+
+MediaDevice::Answer CaptureWriter::save(const std::string& path) {
+    MediaDevice::Answer answer;
+    worker_.doNow();
+    worker_.between([&] {
+        const std::uint64_t bytes = frames() * static_cast<unsigned>(format().alignment());
+        FileDraft draft(path);
+        const int descriptor = draft.open();
+        const bool written = descriptor >= 0 && writeWhole(descriptor, waveHeader(format(), bytes)) &&
+                             spool_.copyTo(descriptor, bytes) &&
+                             (bytes % 2 == 0 || writeWhole(descriptor, std::string_view("\0", 1)));
+        const auto failure = written ? draft.complete() : draft.failure(lastSystemError());
+        if (failure) answer = answerOf(MediaError::notSaved, *failure);
+    });
+    return answer;
+}
+
+}  // namespace melvane

@@ -1,0 +1,21 @@
+#pragma once
+#include "platform/media_command.h"
+#include "platform/media_device.h"
+
+namespace melvane {
+
+/// What stands behind an alias. User-interface thread.
+class MediaUnit {
+ public:
+    virtual ~MediaUnit() = default;
+    /// Carries out a command other than those that open and close.
+    virtual MediaDevice::Answer act(const MediaCommand& command) = 0;
+    /// Whether a file of it may be sounding.
+    virtual bool isPlaying() const { return false; }
+    /// Another one has begun to play a file.
+    virtual void noteFilePlays() {}
+    /// Does at once what the unit's own thread does now and then. Any thread.
+    virtual void catchUp() {}
+};
+
+}  // namespace melvane
