@@ -189,6 +189,12 @@ void FluidEngine::silence() {
     for (auto& keys : lanesOfKey_) keys.fill(0);
 }
 
+void FluidEngine::startAnew() {
+    silence();
+    fluid_synth_system_reset(voices_->synth.get());
+    setUpChannels();
+}
+
 // Renders the next few milliseconds ahead and keeps them, falling to silence, to be added to what follows.
 void FluidEngine::fadeOutWhatSounds() {
     std::array<float, fadeFrames * 2> ahead{};

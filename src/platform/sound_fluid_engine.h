@@ -11,7 +11,7 @@
 namespace melvane {
 
 /// The voices of the built-in synthesizer: FluidSynth with one SoundFont. One thread at a time; play(),
-/// silence() and mix() neither allocate nor lock.
+/// silence(), startAnew() and mix() neither allocate nor lock.
 ///
 /// FluidSynth starts voices only at its own block boundaries, every 64 frames. To place notes finer than
 /// that, each MIDI channel exists once in each of four lanes, and each lane is heard 16 frames later than the
@@ -35,6 +35,8 @@ class FluidEngine {
     /// Ends every note within 6 ms without a click and releases the sustain; programs and other controllers
     /// stay.
     void silence();
+    /// The same, and every channel is as it was when it was loaded.
+    void startAnew();
     /// Adds the next frames to `interleaved` (left, right, left ...). Costs nothing while all is silent.
     void mix(std::span<float> interleaved);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <thread>
 
 namespace melvane {
 
@@ -53,6 +54,7 @@ void Synthesizer::play(const StampedMessage& message) {
     if (message.isReset) {
         engine_->silence();
     } else if (const auto decoded = decodeShortMessage(message.packed)) {
+        sent_.hear(*decoded);
         engine_->play(*decoded);
     }
 }
@@ -61,23 +63,66 @@ void Synthesizer::forgetMessages() {
     while (ring_.front()) ring_.pop();
 }
 
-void Synthesizer::mix(std::span<float> interleaved, std::int64_t moment) noexcept {
-    const State state = state_;
-    if (state == State::silent) forgetMessages();
-    if (state != State::ready) return;
+void Synthesizer::setFeed(MessageFeed* feed) {
+    feed_ = nullptr;
+    while (isMixing_) std::this_thread::yield();
+    if (feed == nullptr) return;
+    feedHasChannels_ = false;
+    feed_ = feed;
+}
 
+void Synthesizer::giveChannelsTo(MessageFeed* feed) {
+    feedHasChannels_ = feed != nullptr;
+    engine_->startAnew();
+    const MidiChannelState& state = feed ? feed->opening() : sent_;
+    state.replay([this](const ShortMessage& message) { engine_->play(message); });
+}
+
+/// Time goes on in a feed that nobody can hear.
+void Synthesizer::passOver(MessageFeed* feed, std::size_t frames, std::int64_t moment) {
+    if (feed == nullptr) return;
+    feed->beginBlock(frames, moment);
+    while (feed->next()) {
+    }
+}
+
+void Synthesizer::mix(std::span<float> interleaved, std::int64_t moment) noexcept {
+    isMixing_ = true;
+    MessageFeed* const feed = feed_;
+    const State state = state_;
+    if (state == State::silent) {
+        forgetMessages();
+        passOver(feed, interleaved.size() / soundChannels, moment);
+    } else if (state == State::ready) {
+        if (feedHasChannels_ != (feed != nullptr)) giveChannelsTo(feed);
+        renderBlock(interleaved, moment, feed);
+    }
+    isMixing_ = false;
+}
+
+void Synthesizer::renderBlock(std::span<float> interleaved, std::int64_t moment, MessageFeed* feed) {
     std::size_t done = 0;
     const std::size_t frames = interleaved.size() / soundChannels;
     const auto mixUpTo = [&](std::size_t frame) {
         engine_->mix(interleaved.subspan(done * soundChannels, (frame - done) * soundChannels));
         done = frame;
     };
-    while (const StampedMessage* message = ring_.front()) {
-        const std::size_t frame = std::max(done, frameOf(*message, moment));
-        if (frame >= frames) break;
-        mixUpTo(frame);
-        play(*message);
-        ring_.pop();
+    if (feed) feed->beginBlock(frames, moment);
+    const auto nextFed = [feed] { return feed ? feed->next() : std::nullopt; };
+    auto fed = nextFed();
+    for (;;) {
+        const StampedMessage* const message = ring_.front();
+        const std::size_t sentFrame = message ? std::max(done, frameOf(*message, moment)) : frames;
+        const std::size_t fedFrame = fed ? std::max(done, fed->frame) : frames;
+        if (std::min(sentFrame, fedFrame) >= frames) break;
+        mixUpTo(std::min(sentFrame, fedFrame));
+        if (sentFrame <= fedFrame) {
+            play(*message);
+            ring_.pop();
+        } else {
+            engine_->play(fed->message);
+            fed = nextFed();
+        }
     }
     // A lost note-off would let its note hang for ever.
     if (overflowed_.exchange(false)) engine_->silence();

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/midi_channel_state.h"
 #include "platform/sound_fluid_engine.h"
+#include "platform/sound_message_feed.h"
 #include "platform/sound_message_ring.h"
 #include "platform/sound_source.h"
 
@@ -38,6 +40,12 @@ class Synthesizer final : public SoundSource {
     void reset() { reset(clock_.counter()); }
     void reset(std::int64_t moment);
 
+    /// From now on the channels belong to the feed, beside what is sent, and begin anew in its opening state;
+    /// with null they are again as what was sent has made them. All notes end. Returns once the former feed
+    /// is not called any more. Not the rendering thread.
+    void setFeed(MessageFeed* feed);
+    MessageFeed* feed() const { return feed_; }
+
     /// Rendering thread. Messages that are due before `moment` play at the first frame.
     void mix(std::span<float> interleaved, std::int64_t moment) noexcept override;
 
@@ -53,12 +61,19 @@ class Synthesizer final : public SoundSource {
     std::size_t frameOf(const StampedMessage& message, std::int64_t moment);
     void play(const StampedMessage& message);
     void forgetMessages();
+    void giveChannelsTo(MessageFeed* feed);
+    static void passOver(MessageFeed* feed, std::size_t frames, std::int64_t moment);
+    void renderBlock(std::span<float> interleaved, std::int64_t moment, MessageFeed* feed);
 
     const Clock& clock_;
     const std::int64_t delay_;  ///< counter ticks
     MessageRing ring_;
     std::unique_ptr<FluidEngine> engine_;  ///< the renderer looks at it only in the state ready
+    MidiChannelState sent_;                ///< by the messages of the ring; rendering thread
     std::atomic<State> state_{State::silent};
+    std::atomic<MessageFeed*> feed_{nullptr};
+    std::atomic<bool> feedHasChannels_{false};
+    std::atomic<bool> isMixing_{false};
     std::atomic<bool> overflowed_{false};
     std::atomic<std::uint64_t> late_{0};
     std::atomic<std::uint64_t> dropped_{0};
