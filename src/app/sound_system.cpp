@@ -7,7 +7,9 @@
 namespace melvane {
 
 SoundSystem::SoundSystem(const Clock& clock)
-    : synthesizer_(clock, SoundCard::messageDelaySeconds), card_(clock, {&synthesizer_}, {}) {
+    : synthesizer_(clock, SoundCard::messageDelaySeconds),
+      media_(clock, synthesizer_, {.soundsElsewhere = [this] { return devices_.soundsElsewhere(); }}),
+      card_(clock, {&synthesizer_, &media_.voices()}, {&media_.tap()}) {
     synthesizer_.expectSoundFont();
     loading_ = std::jthread([this] { loadSoundFont(); });
 }

@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/media_error.h"
+#include "platform/media_portable_device.h"
 #include "platform/midi_devices.h"
 #include "platform/sound_card.h"
 #include "platform/synthesizer.h"
@@ -31,8 +32,8 @@ class SoundSystem {
     Synthesizer synthesizer_;
     SystemMidiPorts systemPorts_;
     MidiDevices devices_{synthesizer_, systemPorts_};
+    PortableMediaDevice media_;
     SoundCard card_;
-    NoMediaDevice media_;
     std::mutex noticeLock_;
     std::optional<std::string> soundFontNotice_;
     std::jthread loading_;

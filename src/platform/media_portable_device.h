@@ -1,0 +1,56 @@
+#pragma once
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/media_capture.h"
+#include "platform/media_device.h"
+#include "platform/media_unit.h"
+#include "platform/sound_voices.h"
+#include "platform/synthesizer.h"
+
+namespace melvane {
+
+/// The media device of systems that have none of their own: records what the program plays, and plays WAV,
+/// MP3 and MIDI files into the program's own sound. tap() and voices() belong into the sound card's lists.
+class PortableMediaDevice final : public MediaDevice {
+ public:
+    struct Setting {
+        /// Whether another MIDI output than the built-in synthesizer is in use.
+        std::function<bool()> soundsElsewhere = [] { return false; };
+        SoundInput::Opener openInput = &openMachineInput;
+        /// From the moment of a block to its being heard.
+        double outputDelaySeconds = 0.030;
+        std::chrono::milliseconds inputPatience{1000};
+        std::uint64_t mostCaptureBytes = mostWaveData;
+    };
+
+    /// The clock and the synthesizer outlive it.
+    PortableMediaDevice(const Clock& clock, Synthesizer& synthesizer, Setting setting);
+    ~PortableMediaDevice() override;
+
+    Answer send(const std::string& command) override;
+
+    SoundSource& voices() { return voices_; }
+    SoundTap& tap() { return mixTap_; }
+    /// Does at once what the threads of captures and players do now and then, for a stream that is rendered
+    /// faster than it is heard. User-interface thread.
+    void catchUp();
+
+ private:
+    Answer open(const MediaCommand& command);
+    Answer close(const MediaCommand& command);
+    Answer act(const MediaCommand& command);
+    std::unique_ptr<MediaUnit> openCapture();
+    std::unique_ptr<MediaUnit> openFile(const std::string& path);
+    bool aFilePlays() const;
+
+    const Clock& clock_;
+    Synthesizer& synthesizer_;
+    const Setting setting_;
+    CaptureTap mixTap_;
+    SoundVoices voices_;
+    std::map<std::string, std::unique_ptr<MediaUnit>> units_;  ///< by alias in lower case
+};
+
+}  // namespace melvane
