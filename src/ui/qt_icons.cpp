@@ -16,7 +16,7 @@ namespace melvane {
 
 namespace {
 
-constexpr int emblemSizes[] = {16, 24, 32, 48, 64, 128, 256};  // pixels
+constexpr int programSizes[] = {16, 24, 32, 48, 64, 128, 256};  // pixels
 
 /// What a drawing's ink and its filled area are to become; nothing leaves them as they are drawn.
 struct Inks {
@@ -107,9 +107,9 @@ QIcon iconInOneColour(const QString& name, const QColor& colour) {
 }
 
 QIcon programIcon() {
-    const QByteArray emblem = drawing("emblem", asDrawn);
+    const QByteArray drawn = drawing("program", asDrawn);
     QIcon icon;
-    for (const int size : emblemSizes) icon.addPixmap(rendered(emblem, size));
+    for (const int size : programSizes) icon.addPixmap(rendered(drawn, size));
     return icon;
 }
 
