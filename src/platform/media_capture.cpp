@@ -6,14 +6,14 @@
 
 namespace melvane {
 
-Capture::Capture(const CaptureSources& sources, std::uint64_t mostBytes)
+MediaCapture::MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes)
     : sources_(sources), writer_(mostBytes) {}
 
-Capture::~Capture() {
+MediaCapture::~MediaCapture() {
     if (isRecording_) closeSource();
 }
 
-MediaDevice::Answer Capture::act(const MediaCommand& command) {
+MediaDevice::Answer MediaCapture::act(const MediaCommand& command) {
     switch (command.verb) {
         case MediaVerb::setWaveFormat:
             return setFormat(command.format);
@@ -36,14 +36,14 @@ MediaDevice::Answer Capture::act(const MediaCommand& command) {
     }
 }
 
-MediaDevice::Answer Capture::setFormat(const WaveFormat& format) {
+MediaDevice::Answer MediaCapture::setFormat(const WaveFormat& format) {
     const bool isFree = !isRecording_ && writer_.frames() == 0;
     if (!isFree || !isRecorded(format)) return answerOf(MediaError::formatRefused);
     writer_.setFormat(format);
     return {};
 }
 
-MediaDevice::Answer Capture::record() {
+MediaDevice::Answer MediaCapture::record() {
     if (isRecording_) return {};
     const bool fromInput = sources_.soundsElsewhere();
     if (!fromInput && !sources_.mix.isFree()) return answerOf(MediaError::inUse);
@@ -57,14 +57,14 @@ MediaDevice::Answer Capture::record() {
     return {};
 }
 
-bool Capture::openInput() {
+bool MediaCapture::openInput() {
     inputTap_->setRing(&writer_.ring());
     input_ = openInputInTime(sources_.openInput, inputTap_, sources_.inputPatience);
     if (!input_) inputTap_->setRing(nullptr);
     return input_ != nullptr;
 }
 
-void Capture::closeSource() {
+void MediaCapture::closeSource() {
     if (!input_) {
         sources_.mix.setRing(nullptr);
         return;
@@ -75,13 +75,13 @@ void Capture::closeSource() {
     input_.reset();
 }
 
-void Capture::noteFilePlays() {
+void MediaCapture::noteFilePlays() {
     if (!isRecording_ || !input_ || !sources_.mix.isFree()) return;
     closeSource();
     sources_.mix.setRing(&writer_.ring());
 }
 
-MediaDevice::Answer Capture::stop() {
+MediaDevice::Answer MediaCapture::stop() {
     if (!std::exchange(isRecording_, false)) return {};
     closeSource();
     writer_.finish();
@@ -89,14 +89,14 @@ MediaDevice::Answer Capture::stop() {
     return faults.code == 0 && inputWasLost_ ? answerOf(MediaError::inputLost) : faults;
 }
 
-MediaDevice::Answer Capture::erase() {
+MediaDevice::Answer MediaCapture::erase() {
     writer_.clear();
     inputWasLost_ = false;
     return {};
 }
 
 /// In milliseconds.
-MediaDevice::Answer Capture::length() const {
+MediaDevice::Answer MediaCapture::length() const {
     return {0, std::to_string(writer_.frames() * 1000 / static_cast<unsigned>(writer_.format().rate))};
 }
 

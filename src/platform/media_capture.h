@@ -20,13 +20,13 @@ struct CaptureSources {
 
 /// The device "waveaudio": records the program's own sound, or the machine's sound input while another MIDI
 /// output is in use.
-class Capture final : public MediaUnit {
+class MediaCapture final : public MediaUnit {
  public:
     /// `mostBytes`: of a recording.
-    explicit Capture(const CaptureSources& sources, std::uint64_t mostBytes = mostWaveData);
-    ~Capture() override;
-    Capture(const Capture&) = delete;
-    Capture& operator=(const Capture&) = delete;
+    explicit MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes = mostWaveData);
+    ~MediaCapture() override;
+    MediaCapture(const MediaCapture&) = delete;
+    MediaCapture& operator=(const MediaCapture&) = delete;
 
     MediaDevice::Answer act(const MediaCommand& command) override;
     void catchUp() override { writer_.catchUp(); }

@@ -7,10 +7,10 @@
 #include <utility>
 
 #include "platform/files.h"
-#include "platform/media_audio_player.h"
 #include "platform/media_error.h"
 #include "platform/media_midi_player.h"
 #include "platform/media_player.h"
+#include "platform/media_sound_file_player.h"
 #include "platform/midi_file_reader.h"
 #include "platform/text.h"
 
@@ -70,7 +70,7 @@ MediaDevice::Answer PortableMediaDevice::open(const MediaCommand& command) {
 std::unique_ptr<MediaUnit> PortableMediaDevice::openCapture() {
     const auto soundsElsewhere = [this] { return setting_.soundsElsewhere() && !aFilePlays(); };
     const CaptureSources sources{mixTap_, soundsElsewhere, setting_.openInput, setting_.inputPatience};
-    return std::make_unique<Capture>(sources, setting_.mostCaptureBytes);
+    return std::make_unique<MediaCapture>(sources, setting_.mostCaptureBytes);
 }
 
 bool PortableMediaDevice::aFilePlays() const {
@@ -88,8 +88,8 @@ std::unique_ptr<MediaUnit> PortableMediaDevice::openFile(const std::string& path
     } else {
         auto reader = AudioReader::open(path);
         if (!reader) return nullptr;
-        sound =
-            std::make_unique<AudioPlayer>(std::move(reader), voices_, clock_, setting_.outputDelaySeconds);
+        sound = std::make_unique<SoundFilePlayer>(std::move(reader), voices_, clock_,
+                                                  setting_.outputDelaySeconds);
     }
     return std::make_unique<MediaPlayer>(std::move(sound));
 }

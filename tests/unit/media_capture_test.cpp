@@ -13,7 +13,7 @@ namespace {
 
 using namespace sound_test;
 
-class MediaCapture : public MediaTest {
+class Capturing : public MediaTest {
  protected:
     static std::vector<std::int16_t> samplesOf(std::span<const float> sound) {
         std::vector<std::int16_t> samples;
@@ -33,7 +33,7 @@ class MediaCapture : public MediaTest {
     const std::string path = folder.file("my take 1.wav");
 };
 
-TEST_F(MediaCapture, SavesEverySampleOfTheMixFromTheStartToTheStop) {
+TEST_F(Capturing, SavesEverySampleOfTheMixFromTheStartToTheStop) {
     source.sound = stereoTone(440, 0.5, -1.5, 30 * soundRate);
     run(0.7);
     openCapture("samplespersec 44100 channels 2 bitspersample 16 alignment 4 bytespersec 176400");
@@ -49,7 +49,7 @@ TEST_F(MediaCapture, SavesEverySampleOfTheMixFromTheStartToTheStop) {
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 
-TEST_F(MediaCapture, GoesOnWhereItStoppedWhenItIsStartedAgain) {
+TEST_F(Capturing, GoesOnWhereItStoppedWhenItIsStartedAgain) {
     source.sound = stereoTone(440, 0.5, 0.5, 10 * soundRate);
     openCapture();
     done("record capture");
@@ -65,7 +65,7 @@ TEST_F(MediaCapture, GoesOnWhereItStoppedWhenItIsStartedAgain) {
     EXPECT_EQ(samplesIn(path), samplesOf(heard));
 }
 
-TEST_F(MediaCapture, CanBeSavedWhileItGoesOn) {
+TEST_F(Capturing, CanBeSavedWhileItGoesOn) {
     source.sound = stereoTone(440, 0.5, 0.5, 10 * soundRate);
     openCapture();
     done("record capture");
@@ -78,7 +78,7 @@ TEST_F(MediaCapture, CanBeSavedWhileItGoesOn) {
     EXPECT_EQ(samplesIn(path).size(), heard.size() * 2);
 }
 
-TEST_F(MediaCapture, IsEmptyBeforeItIsStartedAndOnceItIsDeleted) {
+TEST_F(Capturing, IsEmptyBeforeItIsStartedAndOnceItIsDeleted) {
     openCapture();
     done("stop capture");
     done("save capture " + path);
@@ -94,7 +94,7 @@ TEST_F(MediaCapture, IsEmptyBeforeItIsStartedAndOnceItIsDeleted) {
     EXPECT_EQ(bytesOf(path), waveHeader({}, 0));
 }
 
-TEST_F(MediaCapture, TakesEachFormatAndRefusesOthers) {
+TEST_F(Capturing, TakesEachFormatAndRefusesOthers) {
     openCapture();
     done("set capture samplespersec 48000 channels 2 bitspersample 16 alignment 4 bytespersec 192000");
     done("record capture");
@@ -118,7 +118,7 @@ TEST_F(MediaCapture, TakesEachFormatAndRefusesOthers) {
     EXPECT_EQ(bytes.size(), 44U + 11026U) << "an odd length is padded";
 }
 
-TEST_F(MediaCapture, RefusesWhatOnlyAPlayerCan) {
+TEST_F(Capturing, RefusesWhatOnlyAPlayerCan) {
     openCapture();
     for (const char* command :
          {"play capture", "pause capture", "resume capture", "set capture time format ms"}) {
@@ -127,7 +127,7 @@ TEST_F(MediaCapture, RefusesWhatOnlyAPlayerCan) {
     EXPECT_EQ(refused("save capture "), MediaError::noFile);
 }
 
-TEST_F(MediaCapture, IsGoneOnceItIsClosed) {
+TEST_F(Capturing, IsGoneOnceItIsClosed) {
     openCapture();
     EXPECT_EQ(refused("open new type waveaudio alias CAPTURE"), MediaError::aliasInUse);
     done("record capture");
@@ -144,7 +144,7 @@ TEST_F(MediaCapture, IsGoneOnceItIsClosed) {
     done("Close All");
 }
 
-TEST_F(MediaCapture, LeavesTheMixToTheRecordingThatHasIt) {
+TEST_F(Capturing, LeavesTheMixToTheRecordingThatHasIt) {
     openCapture();
     done("open new type waveaudio alias second");
     done("record capture");
@@ -157,7 +157,7 @@ TEST_F(MediaCapture, LeavesTheMixToTheRecordingThatHasIt) {
     EXPECT_EQ(samplesIn(path), samplesOf(heard));
 }
 
-TEST_F(MediaCapture, KeepsWhatThereIsWhenTheDiskIsFull) {
+TEST_F(Capturing, KeepsWhatThereIsWhenTheDiskIsFull) {
     source.sound = stereoTone(440, 0.5, 0.5, 10 * soundRate);
     openCapture();
     std::vector<float> heard;
@@ -176,7 +176,7 @@ TEST_F(MediaCapture, KeepsWhatThereIsWhenTheDiskIsFull) {
     done("stop capture");
 }
 
-TEST_F(MediaCapture, KeepsTheEarlierFileWhenTheDiskIsFullAtTheSave) {
+TEST_F(Capturing, KeepsTheEarlierFileWhenTheDiskIsFullAtTheSave) {
     folder.make("my take 1.wav", "earlier");
     openCapture();
     done("record capture");
@@ -193,7 +193,7 @@ TEST_F(MediaCapture, KeepsTheEarlierFileWhenTheDiskIsFullAtTheSave) {
     EXPECT_EQ(bytesOf(path).size(), 44U + 3 * 176'400);
 }
 
-TEST_F(MediaCapture, CountsWhatTheRingCouldNotHold) {
+TEST_F(Capturing, CountsWhatTheRingCouldNotHold) {
     openCapture();
     done("record capture");
     std::vector<float> block(CaptureRing::frames * soundChannels * 3);
@@ -206,7 +206,7 @@ TEST_F(MediaCapture, CountsWhatTheRingCouldNotHold) {
     done("stop capture");
 }
 
-TEST_F(MediaCapture, EndsAtTheMostThatAFileHolds) {
+TEST_F(Capturing, EndsAtTheMostThatAFileHolds) {
     setting.mostCaptureBytes = 100'001;
     PortableMediaDevice small(clock, synthesizer, setting);
     SoundMixer stream({}, {&small.tap()}, soundRate);
@@ -219,7 +219,7 @@ TEST_F(MediaCapture, EndsAtTheMostThatAFileHolds) {
     EXPECT_EQ(bytesOf(path).size(), 44U + 100'000U);
 }
 
-TEST_F(MediaCapture, LeavesNoTemporaryFileBehind) {
+TEST_F(Capturing, LeavesNoTemporaryFileBehind) {
     setenv("TMPDIR", folder.path().c_str(), 1);
     openCapture();
     EXPECT_EQ(folder.fileCount(), 0U) << "it has no name while it is used";
@@ -229,7 +229,7 @@ TEST_F(MediaCapture, LeavesNoTemporaryFileBehind) {
     unsetenv("TMPDIR");
 }
 
-TEST_F(MediaCapture, TellsThatNoTemporaryFileCouldBeMade) {
+TEST_F(Capturing, TellsThatNoTemporaryFileCouldBeMade) {
     setenv("TMPDIR", "/proc", 1);
     openCapture();
     unsetenv("TMPDIR");
@@ -252,7 +252,7 @@ class HandInput final : public SoundInput {
     int& open_;
 };
 
-class MediaCaptureFromInput : public MediaCapture {
+class CapturingFromInput : public Capturing {
  protected:
     void SetUp() override {
         elsewhere = true;
@@ -272,7 +272,7 @@ class MediaCaptureFromInput : public MediaCapture {
     const std::vector<float> tone = stereoTone(440, 0.5, 0.25, 1000);
 };
 
-TEST_F(MediaCaptureFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
+TEST_F(CapturingFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
     EXPECT_EQ(send("record capture"), 0);
     EXPECT_EQ(open, 1);
     tap->hear(tone, 0);
@@ -284,7 +284,7 @@ TEST_F(MediaCaptureFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
     EXPECT_EQ(samplesIn(path), samplesOf(tone));
 }
 
-TEST_F(MediaCaptureFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
+TEST_F(CapturingFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
     EXPECT_EQ(send("record capture"), 0);
     tap->hear(tone, 0);
     lost = true;
@@ -293,7 +293,7 @@ TEST_F(MediaCaptureFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
     EXPECT_EQ(samplesIn(path), samplesOf(tone));
 }
 
-TEST_F(MediaCaptureFromInput, TurnsToTheMixWhenAFileIsPlayedIntoIt) {
+TEST_F(CapturingFromInput, TurnsToTheMixWhenAFileIsPlayedIntoIt) {
     const std::string file = folder.file("tone.wav");
     writeWav(file, stereoTone(440, 0.5, 0.5, 44'100));
     SoundMixer stream({&inputDevice->voices()}, {&inputDevice->tap()}, soundRate);
@@ -310,7 +310,7 @@ TEST_F(MediaCaptureFromInput, TurnsToTheMixWhenAFileIsPlayedIntoIt) {
     EXPECT_EQ(samplesIn(path), samplesOf(block));
 }
 
-TEST_F(MediaCapture, AnswersThatThereIsNoInput) {
+TEST_F(Capturing, AnswersThatThereIsNoInput) {
     elsewhere = true;
     openCapture();
     EXPECT_EQ(refused("record capture"), MediaError::noInput);
@@ -319,7 +319,7 @@ TEST_F(MediaCapture, AnswersThatThereIsNoInput) {
     EXPECT_EQ(bytesOf(path).size(), 44U);
 }
 
-TEST_F(MediaCapture, DoesNotWaitForAnInputThatHangs) {
+TEST_F(Capturing, DoesNotWaitForAnInputThatHangs) {
     std::atomic<bool> goOn{false};
     std::atomic<int> ended{0};
     elsewhere = true;

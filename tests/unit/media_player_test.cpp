@@ -5,7 +5,7 @@
 
 #include "media_fixture.h"
 #include "platform/audio_file_mp3_writer.h"
-#include "platform/media_audio_player.h"
+#include "platform/media_sound_file_player.h"
 #include "platform_sound_guard.h"
 
 namespace melvane {
@@ -352,12 +352,12 @@ TEST_F(MediaPlaying, GoesOnWithoutTheFileThatWasRemoved) {
     EXPECT_NEAR(amplitudeAt(run(3.5), 441, soundRate), 0.5, 0.01);
 }
 
-TEST(AudioPlayer, NeitherAllocatesNorLocksInTheCallback) {
+TEST(SoundFilePlayer, NeitherAllocatesNorLocksInTheCallback) {
     const TemporaryFolder folder;
     writeWav(folder.file("a.wav"), stereoTone(441, 0.5, 0.5, 44'100));
     FrameClock clock;
     SoundVoices voices;
-    AudioPlayer player(AudioReader::open(folder.file("a.wav")), voices, clock, 0.03);
+    SoundFilePlayer player(AudioReader::open(folder.file("a.wav")), voices, clock, 0.03);
     ASSERT_TRUE(player.start(0, 44'100));
     player.catchUp();
     std::vector<float> block(512);

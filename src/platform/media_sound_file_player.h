@@ -14,14 +14,14 @@
 namespace melvane {
 
 /// Plays an audio file: a thread of its own reads ahead into a ring, which the audio callback empties.
-class AudioPlayer final : public Playable, public SoundSource {
+class SoundFilePlayer final : public Playable, public SoundSource {
  public:
     /// `voices` outlives it.
-    AudioPlayer(std::unique_ptr<AudioReader> reader, SoundVoices& voices, const Clock& clock,
-                double delaySeconds);
-    ~AudioPlayer() override { halt(); }
-    AudioPlayer(const AudioPlayer&) = delete;
-    AudioPlayer& operator=(const AudioPlayer&) = delete;
+    SoundFilePlayer(std::unique_ptr<AudioReader> reader, SoundVoices& voices, const Clock& clock,
+                    double delaySeconds);
+    ~SoundFilePlayer() override { halt(); }
+    SoundFilePlayer(const SoundFilePlayer&) = delete;
+    SoundFilePlayer& operator=(const SoundFilePlayer&) = delete;
 
     std::int64_t length() const override { return reader_->length(); }
     bool start(std::int64_t from, std::int64_t to) override;

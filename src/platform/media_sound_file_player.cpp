@@ -1,4 +1,4 @@
-#include "platform/media_audio_player.h"
+#include "platform/media_sound_file_player.h"
 
 #include <algorithm>
 #include <array>
@@ -12,14 +12,14 @@ constexpr std::size_t headStartFrames = soundRate / 4;
 
 }  // namespace
 
-AudioPlayer::AudioPlayer(std::unique_ptr<AudioReader> reader, SoundVoices& voices, const Clock& clock,
-                         double delaySeconds)
+SoundFilePlayer::SoundFilePlayer(std::unique_ptr<AudioReader> reader, SoundVoices& voices, const Clock& clock,
+                                 double delaySeconds)
     : reader_(std::move(reader)),
       voices_(voices),
       position_(clock, delaySeconds),
       ticksPerFrame_(static_cast<double>(clock.frequency()) / soundRate) {}
 
-bool AudioPlayer::start(std::int64_t from, std::int64_t to) {
+bool SoundFilePlayer::start(std::int64_t from, std::int64_t to) {
     worker_.between([&] {
         reader_->seek(from);
         read_.clear();
@@ -36,15 +36,15 @@ bool AudioPlayer::start(std::int64_t from, std::int64_t to) {
     return true;
 }
 
-void AudioPlayer::halt() {
+void SoundFilePlayer::halt() {
     voices_.remove(*this);
     worker_.stop();
     position_.startAt(position_.rendered());
 }
 
-void AudioPlayer::readAhead() { readAhead(ringFrames); }
+void SoundFilePlayer::readAhead() { readAhead(ringFrames); }
 
-void AudioPlayer::readAhead(std::size_t frames) {
+void SoundFilePlayer::readAhead(std::size_t frames) {
     const std::size_t enough = ring_.room() - std::min(ring_.room(), frames * soundChannels);
     while (!isRead_ && ring_.room() > enough) {
         if (readUsed_ == read_.size()) {
@@ -62,7 +62,7 @@ void AudioPlayer::readAhead(std::size_t frames) {
     }
 }
 
-void AudioPlayer::mix(std::span<float> interleaved, std::int64_t moment) noexcept {
+void SoundFilePlayer::mix(std::span<float> interleaved, std::int64_t moment) noexcept {
     std::array<float, mixFrames * soundChannels> sound;  // NOLINT: filled as far as it is used
     std::size_t done = 0;
     const bool wasRead = isRead_;
