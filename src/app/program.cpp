@@ -1,5 +1,7 @@
 #include "app/program.h"
 
+#include <algorithm>
+#include <array>
 #include <system_error>
 #include <utility>
 
@@ -14,6 +16,16 @@ namespace melvane {
 namespace {
 
 constexpr std::int64_t helpPause = 10;  // milliseconds
+
+/// The topics at which the windows open the help; the main window leaves it where it was.
+struct WindowTopic {
+    const char *window, *topic;
+};
+constexpr std::array topics{
+    WindowTopic{"Form2", "65-editing.md"},     WindowTopic{"Form3", "67-setup.md"},
+    WindowTopic{"Form5", "40-selector.md"},    WindowTopic{"FrmInst", "40-selector.md"},
+    WindowTopic{"frmsynth", "75-keyboard.md"}, WindowTopic{"Record", "77-recorder.md"},
+    WindowTopic{"frmLog", "77-recorder.md"}};
 
 }  // namespace
 
@@ -34,6 +46,14 @@ Program::~Program() { outside_.loop.stopTimer(helpTimer_); }
 void Program::joinFrame(FramedWindow& window) {
     window.useSettings(engine_.settings);
     window.useLoop(outside_.loop);
+    giveHelp(window);
+}
+
+void Program::giveHelp(FramedWindow& window) {
+    const auto found = std::ranges::find_if(
+        topics, [&window](const WindowTopic& entry) { return window.objectName() == entry.window; });
+    if (found == topics.end()) return;
+    window.setHelp([this, topic = found->topic] { showHelp(topic); });
 }
 
 void Program::listWindows() {
@@ -44,8 +64,11 @@ void Program::listWindows() {
         joinFrame(*panel);
         return panel;
     });
-    toolWindows_.list(ToolWindows::Window::setup, "Form3",
-                      [this] { return new Form3(studio_, engine_, &window_); });
+    toolWindows_.list(ToolWindows::Window::setup, "Form3", [this] {
+        auto* const toolbar = new Form3(studio_, engine_, &window_);
+        giveHelp(*toolbar);
+        return toolbar;
+    });
     toolWindows_.list(ToolWindows::Window::editing, "Form2", [this] {
         auto* const toolbar = new Form2(studio_, engine_.editing, &window_);
         joinFrame(*toolbar);

@@ -44,6 +44,7 @@ class Program {
  private:
     void listWindows();
     void joinFrame(FramedWindow& window);
+    void giveHelp(FramedWindow& window);
     QWidget* makeKeyboard();
 
     HelpWindow& help();

@@ -1,12 +1,13 @@
 #pragma once
 #include "ui/framed_window.h"
 
+class QLineEdit;
 class QListWidget;
 class QTextBrowser;
 
 namespace melvane {
 
-/// The help: a list of topics, and the one that is read.
+/// The help: a list of topics, a search that leaves those with all its words, and the topic that is read.
 class HelpWindow : public FramedWindow {
     Q_OBJECT
 
@@ -19,6 +20,11 @@ class HelpWindow : public FramedWindow {
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    QWidget* makeContents();
+    void search();
+    void showPage();
+
+    QLineEdit* words_;
     QListWidget* topics_;
     QTextBrowser* page_;
 };

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <QShortcut>
 #include <algorithm>
 
 #include "core/settings.h"
@@ -59,6 +60,8 @@ FramedWindow::FramedWindow(Studio& studio, const FrameOptions& options, QWidget*
     connect(titleBar_, &TitleBar::minimiseWanted, this, [this] { imgTitleMinimize_Click(); });
     connect(titleBar_, &TitleBar::maximiseWanted, this, [this] { imgTitleMaxRestore_Click(); });
     connect(titleBar_, &TitleBar::helpWanted, this, [this] { imgTitleHelp_Click(); });
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            [this] { imgTitleHelp_Click(); });
     connect(this, &QWidget::windowTitleChanged, titleBar_, &TitleBar::setTitle);
     makeStripsAndGrips();
 }

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QFile>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
@@ -179,6 +180,33 @@ TEST_F(HelpWindowTest, EveryLinkLeadsToATopic) {
         }
     }
     EXPECT_GE(links, 4);
+}
+
+TEST_F(HelpWindowTest, ASearchLeavesTheTopicsThatHaveAllItsWords) {
+    auto& words = *help.findChild<QLineEdit*>("words");
+    const auto left = [this] {
+        QStringList shown;
+        for (int row = 0; row < topics.count(); ++row) {
+            if (!topics.item(row)->isHidden()) shown << topics.item(row)->text();
+        }
+        return shown;
+    };
+    const int all = topics.count();
+    words.setText("metroNOME");
+    EXPECT_TRUE(left().contains("Keyboard"));
+    EXPECT_LT(left().size(), all);
+    EXPECT_EQ(topics.currentItem()->text(), left().first());
+    EXPECT_FALSE(page.extraSelections().isEmpty());
+    words.setText("soundfont  cursor nowhere-to-be-found");
+    EXPECT_TRUE(left().isEmpty());
+    EXPECT_TRUE(page.toPlainText().isEmpty());
+    words.clear();
+    EXPECT_EQ(left().size(), all);
+    EXPECT_TRUE(page.extraSelections().isEmpty());
+    words.setText("metronome");
+    help.showTopic("60-playing.md");
+    EXPECT_EQ(topics.currentItem()->text(), "Playing");
+    EXPECT_TRUE(words.text().isEmpty());
 }
 
 TEST_F(HelpWindowTest, ALinkOpensItsTopic) {
