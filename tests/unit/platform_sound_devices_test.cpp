@@ -65,6 +65,18 @@ TEST_F(Devices, ListsTheSynthesizerBeforeThePortsOfTheSystem) {
     EXPECT_EQ(port.midiOutGetDevCapsA(-2), "");
 }
 
+TEST_F(Devices, SoundElsewhereWhileOnlyPortsOfTheSystemAreOpen) {
+    EXPECT_FALSE(port.soundsElsewhere());
+    const auto outside = open(1);
+    EXPECT_TRUE(port.soundsElsewhere());
+    const auto builtIn = open(0);
+    EXPECT_FALSE(port.soundsElsewhere());
+    port.midiOutClose(builtIn);
+    EXPECT_TRUE(port.soundsElsewhere());
+    port.midiOutClose(outside);
+    EXPECT_FALSE(port.soundsElsewhere());
+}
+
 TEST_F(Devices, AreOneAtLeast) {
     system.ports.clear();
     EXPECT_EQ(port.midiOutGetNumDevs(), 1);
