@@ -1,0 +1,103 @@
+// What a capture of hours costs in memory, fed as fast as it is written down, and how far the position of a
+// file that plays lies from what is heard through a private sound server. Ends with 1 when either is too
+// much.
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "heard_position.h"
+#include "platform/media_portable_device.h"
+
+namespace melvane::bench {
+namespace {
+
+constexpr int defaultMinutes = 240, mostMinutes = 400;
+constexpr long mostMemory = 16 * 1024;    // KB over idle
+constexpr double mostPositionError = 50;  // milliseconds
+constexpr int positionTimes = 5, blockFrames = 1024, blocksBetween = 100;
+
+/// Of this process, in KB: "VmRSS:" now, "VmHWM:" at most.
+long memory(const char* what) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(what)) return std::atol(line.c_str() + std::strlen(what));
+    }
+    return -1;
+}
+
+/// What was done wrong; null when nothing was.
+const char* capture(PortableMediaDevice& device, const Clock& clock, std::int64_t frames) {
+    if (device.send("open new type waveaudio alias capture").code != 0) return "open";
+    if (device.send("record capture").code != 0) return "record";
+    std::vector<float> block(blockFrames * soundChannels);
+    for (std::size_t at = 0; at < block.size(); ++at) block[at] = static_cast<float>(at % 100) / 200;
+    std::int64_t fed = 0;
+    for (int turn = 0; fed < frames; ++turn, fed += blockFrames) {
+        device.tap().hear(block, clock.counter());
+        if (turn % blocksBetween == 0) device.catchUp();
+    }
+    const auto stopped = device.send("stop capture");
+    if (stopped.code != 0) return "stop";
+    const long milliseconds = std::atol(device.send("status capture length").text.c_str());
+    return milliseconds == fed * 1000 / soundRate ? nullptr : "length";
+}
+
+bool measureMemory(int minutes) {
+    const SteadyClock clock;
+    Synthesizer synthesizer(clock, 0.0);
+    PortableMediaDevice device(clock, synthesizer, {});
+    const long idle = memory("VmRSS:");
+    const auto begin = std::chrono::steady_clock::now();
+    if (const char* const failed = capture(device, clock, std::int64_t{minutes} * 60 * soundRate)) {
+        std::printf("the capture failed at \"%s\"\n", failed);
+        return false;
+    }
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    const long more = memory("VmHWM:") - idle;
+    std::printf("capture of %d minutes: %.1f MB over idle at most (%ld MB allowed), %.0f times real time\n",
+                minutes, static_cast<double>(more) / 1024, mostMemory / 1024, minutes * 60 / took.count());
+    return more <= mostMemory;
+}
+
+bool measurePosition() {
+    sound_test::PrivateSoundServer server;
+    if (const std::string failed = server.start(); !failed.empty()) {
+        std::printf("%s\n", failed.c_str());
+        return false;
+    }
+    std::vector<double> ahead;
+    for (int time = 0; time < positionTimes; ++time) {
+        if (const auto one = sound_test::positionAheadOfSound(server)) ahead.push_back(*one);
+    }
+    if (ahead.empty()) {
+        std::printf("no click was heard\n");
+        return false;
+    }
+    std::ranges::sort(ahead);
+    const double middle = ahead[ahead.size() / 2];
+    std::printf(
+        "player's position: %+.0f ms from what is heard, %+.0f to %+.0f in %zu plays (%.0f allowed)\n",
+        middle, ahead.front(), ahead.back(), ahead.size(), mostPositionError);
+    return std::abs(middle) <= mostPositionError;
+}
+
+}  // namespace
+}  // namespace melvane::bench
+
+int main(int count, char** arguments) {
+    using namespace melvane::bench;
+    const int minutes = count > 1 ? std::atoi(arguments[1]) : defaultMinutes;
+    if (minutes < 1 || minutes > mostMinutes) {
+        std::fprintf(stderr, "usage: media_bench [minutes, 1 to %d]\n", mostMinutes);
+        return 2;
+    }
+    const bool isFlat = measureMemory(minutes);
+    const bool isHeard = measurePosition();
+    return isFlat && isHeard ? 0 : 1;
+}
