@@ -1,37 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "file_size_limit.h"
-#include "media_fixture.h"
-#include "platform/audio_file_samples.h"
-#include "platform/media_spool.h"
-#include "platform_sound_guard.h"
+#include "media_capture_fixture.h"
+#include "platform/offline_midi_port.h"
 
 namespace melvane {
 namespace {
 
 using namespace sound_test;
-
-class Capturing : public MediaTest {
- protected:
-    static std::vector<std::int16_t> samplesOf(std::span<const float> sound) {
-        std::vector<std::int16_t> samples;
-        appendSamples(sound, samples);
-        return samples;
-    }
-    static std::vector<std::int16_t> samplesIn(const std::string& path) {
-        const std::string bytes = bytesOf(path).substr(waveHeaderSize);
-        std::vector<std::int16_t> samples;
-        for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-            samples.push_back(static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
-                                                        static_cast<unsigned char>(bytes[at + 1]) << 8));
-        }
-        return samples;
-    }
-
-    const std::string path = folder.file("my take 1.wav");
-};
 
 TEST_F(Capturing, SavesEverySampleOfTheMixFromTheStartToTheStop) {
     source.sound = stereoTone(440, 0.5, -1.5, 30 * soundRate);
@@ -47,6 +23,46 @@ TEST_F(Capturing, SavesEverySampleOfTheMixFromTheStartToTheStop) {
     EXPECT_EQ(samplesIn(path), samplesOf(heard));
     EXPECT_EQ(bytesOf(path).substr(0, waveHeaderSize), waveHeader({}, heard.size() * 2));
     EXPECT_EQ(folder.fileCount(), 1U);
+}
+
+/// Strikes and ends notes at uneven frames, letting the time run to each by `runTo(frame)`.
+template <typename RunTo, typename Send>
+void playTune(RunTo runTo, Send send) {
+    send(program(0, squareLead));
+    for (std::uint32_t turn = 0; turn < 40; ++turn) {
+        runTo(turn * 9'973 + turn * turn * 7 % 501);
+        send(noteOn(turn % 3 == 0 ? drums : 0, 50 + turn % 20));
+        runTo(turn * 9'973 + 7'000);
+        send(noteOff(turn % 3 == 0 ? drums : 0, 50 + turn % 20));
+    }
+    runTo(41 * 9'973);
+}
+
+TEST_F(Capturing, EqualsTheRenderingOfTheSameNotesIntoAFile) {
+    const std::string rendered = folder.file("rendered.wav");
+    {
+        FrameClock tick;
+        Synthesizer other(tick, 0.0);
+        ASSERT_EQ(other.loadSoundFont(anySoundFont()), std::nullopt);
+        WavWriter writer(rendered);
+        OfflineMidiPort port(tick, other, writer);
+        MidiPort::Handle handle = 0;
+        ASSERT_EQ(port.midiOutOpen(handle, 0), MidiPort::ok);
+        playTune([&](std::uint32_t frame) { tick.now = frame; },
+                 [&](std::uint32_t message) { port.midiOutShortMsg(handle, message); });
+        ASSERT_EQ(port.finish(0.0), std::nullopt);
+    }
+    ASSERT_EQ(synthesizer.loadSoundFont(anySoundFont()), std::nullopt);
+    run(0.1234);
+    openCapture();
+    done("record capture");
+    const std::int64_t start = clock.now;
+    playTune([&](std::uint32_t frame) { run(static_cast<double>(start + frame - clock.now) / soundRate); },
+             [&](std::uint32_t message) { synthesizer.send(message); });
+    done("stop capture");
+    done("save capture " + path);
+    EXPECT_EQ(samplesIn(path), samplesIn(rendered));
+    EXPECT_GT(std::ranges::max(samplesIn(path)), 1000);
 }
 
 TEST_F(Capturing, GoesOnWhereItStoppedWhenItIsStartedAgain) {
@@ -236,163 +252,6 @@ TEST_F(Capturing, TellsThatNoTemporaryFileCouldBeMade) {
     done("record capture");
     run(0.5);
     EXPECT_EQ(refused("stop capture"), MediaError::noRoom);
-}
-
-/// An input that is fed by hand.
-class HandInput final : public SoundInput {
- public:
-    HandInput(bool& lost, int& open) : lost_(lost), open_(open) { ++open_; }
-    ~HandInput() override { --open_; }
-    HandInput(const HandInput&) = delete;
-    HandInput& operator=(const HandInput&) = delete;
-    bool isLost() const override { return lost_; }
-
- private:
-    bool& lost_;
-    int& open_;
-};
-
-class CapturingFromInput : public Capturing {
- protected:
-    void SetUp() override {
-        elsewhere = true;
-        setting.openInput = [this](const std::shared_ptr<SoundTap>& to) -> std::unique_ptr<SoundInput> {
-            tap = to;
-            return std::make_unique<HandInput>(lost, open);
-        };
-        inputDevice = std::make_unique<PortableMediaDevice>(clock, synthesizer, setting);
-        EXPECT_EQ(send("open new type waveaudio alias capture"), 0);
-    }
-    int send(const std::string& command) { return inputDevice->send(command).code; }
-
-    bool lost = false;
-    int open = 0;
-    std::shared_ptr<SoundTap> tap;
-    std::unique_ptr<PortableMediaDevice> inputDevice;
-    const std::vector<float> tone = stereoTone(440, 0.5, 0.25, 1000);
-};
-
-TEST_F(CapturingFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
-    EXPECT_EQ(send("record capture"), 0);
-    EXPECT_EQ(open, 1);
-    tap->hear(tone, 0);
-    inputDevice->tap();
-    EXPECT_EQ(send("stop capture"), 0);
-    EXPECT_EQ(open, 0);
-    tap->hear(tone, 0);
-    EXPECT_EQ(send("save capture " + path), 0);
-    EXPECT_EQ(samplesIn(path), samplesOf(tone));
-}
-
-TEST_F(CapturingFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
-    EXPECT_EQ(send("record capture"), 0);
-    tap->hear(tone, 0);
-    lost = true;
-    EXPECT_EQ(send("stop capture"), static_cast<int>(MediaError::inputLost));
-    EXPECT_EQ(send("save capture " + path), 0);
-    EXPECT_EQ(samplesIn(path), samplesOf(tone));
-}
-
-TEST_F(CapturingFromInput, TurnsToTheMixWhenAFileIsPlayedIntoIt) {
-    const std::string file = folder.file("tone.wav");
-    writeWav(file, stereoTone(440, 0.5, 0.5, 44'100));
-    SoundMixer stream({&inputDevice->voices()}, {&inputDevice->tap()}, soundRate);
-    EXPECT_EQ(send("record capture"), 0);
-    EXPECT_EQ(send("open " + file + " type MPEGVideo alias audiomp3"), 0);
-    EXPECT_EQ(open, 1);
-    EXPECT_EQ(send("play audiomp3 from 0"), 0);
-    EXPECT_EQ(open, 0);
-    std::vector<float> block(2000);
-    stream.render(stream.handOver(), block, [] { return 0; });
-    EXPECT_EQ(send("stop capture"), 0);
-    EXPECT_EQ(send("save capture " + path), 0);
-    EXPECT_GT(peak(block), 0.4F);
-    EXPECT_EQ(samplesIn(path), samplesOf(block));
-}
-
-TEST_F(Capturing, AnswersThatThereIsNoInput) {
-    elsewhere = true;
-    openCapture();
-    EXPECT_EQ(refused("record capture"), MediaError::noInput);
-    done("stop capture");
-    done("save capture " + path);
-    EXPECT_EQ(bytesOf(path).size(), 44U);
-}
-
-TEST_F(Capturing, DoesNotWaitForAnInputThatHangs) {
-    std::atomic<bool> goOn{false};
-    std::atomic<int> ended{0};
-    elsewhere = true;
-    setting.inputPatience = std::chrono::milliseconds(20);
-    setting.openInput = [&](const std::shared_ptr<SoundTap>&) -> std::unique_ptr<SoundInput> {
-        goOn.wait(false);
-        ended = 1;
-        ended.notify_all();
-        return nullptr;
-    };
-    PortableMediaDevice hanging(clock, synthesizer, setting);
-    EXPECT_EQ(hanging.send("open new type waveaudio alias capture").code, 0);
-    EXPECT_EQ(static_cast<MediaError>(hanging.send("record capture").code), MediaError::noInput);
-    goOn = true;
-    goOn.notify_all();
-    ended.wait(0);
-}
-
-TEST(CaptureTap, NeitherAllocatesNorLocks) {
-    const auto ring = std::make_unique<CaptureRing>();
-    CaptureTap tap;
-    const std::vector<float> block(512);
-    const CallbackGuard guard;
-    tap.hear(block, 0);
-    tap.setRing(ring.get());
-    for (int turn = 0; turn < 2000; ++turn) tap.hear(block, 0);
-    EXPECT_EQ(guard.allocations(), 0U);
-    EXPECT_EQ(guard.locks(), 0U);
-    EXPECT_EQ(ring->lostFrames, 2000U * 256 - CaptureRing::frames);
-}
-
-TEST(SoundRing, BringsEveryValueOnceAndInOrderFromThreadToThread) {
-    SoundRing ring(1000);
-    constexpr int count = 200'000;
-    std::thread writer([&] {
-        std::vector<float> piece;
-        for (int next = 0; next < count;) {
-            piece.clear();
-            for (int at = next; at < std::min(next + 37, count); ++at)
-                piece.push_back(static_cast<float>(at));
-            next += static_cast<int>(ring.push(piece));
-        }
-    });
-    std::vector<float> got(53);
-    int expected = 0;
-    bool inOrder = true;
-    while (expected < count) {
-        const std::size_t values = ring.pop(got);
-        for (std::size_t at = 0; at < values; ++at)
-            inOrder = inOrder && got[at] == static_cast<float>(expected++);
-    }
-    writer.join();
-    EXPECT_TRUE(inOrder);
-    EXPECT_EQ(ring.filled(), 0U);
-    EXPECT_EQ(ring.room(), 1000U);
-}
-
-TEST(Spool, HoldsWhatItGotUpToItsBound) {
-    const TemporaryFolder folder;
-    Spool spool(10);
-    EXPECT_TRUE(spool.append("1234567"));
-    EXPECT_FALSE(spool.append("89abc"));
-    EXPECT_TRUE(spool.isFull());
-    EXPECT_EQ(spool.failure(), std::nullopt);
-    const std::string path = folder.file("a");
-    FileDraft draft(path);
-    ASSERT_TRUE(spool.copyTo(draft.open(), 10));
-    EXPECT_EQ(draft.complete(), std::nullopt);
-    EXPECT_EQ(bytesOf(path), "123456789a");
-    spool.clear();
-    EXPECT_EQ(spool.size(), 0U);
-    EXPECT_TRUE(spool.append("xy"));
-    EXPECT_FALSE(spool.copyTo(-1, 2));
 }
 
 }  // namespace
