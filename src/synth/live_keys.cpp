@@ -102,10 +102,11 @@ void LiveKeys::releaseHeld(const HeldKey& held) {
 void LiveKeys::releaseHeldKeys() {
     auto held = std::exchange(heldKeys_, {});
     if (isEditing()) return;
-    const auto space =
-        std::ranges::stable_partition(held, [](const auto& key) { return key.code != spaceCode; });
+    const auto spaces = std::stable_partition(held.begin(), held.end(),
+                                              [](const HeldKey& key) { return key.code != spaceCode; });
+    const bool spaceIsHeld = spaces != held.end();
     for (const HeldKey& key : held) releaseHeld(key);
-    if (space.empty()) {
+    if (!spaceIsHeld) {
         if (!notes_.gateIsOpen()) return;
         releaseSpace();  // the editing of labels took its release away
     }
