@@ -24,8 +24,7 @@ MediaDevice::Answer MediaCapture::act(const MediaCommand& command) {
         case MediaVerb::canSave:
             return {0, "true"};
         case MediaVerb::save:
-            if (command.path.empty()) return answerOf(MediaError::noFile);
-            return writer_.save(command.path);
+            return save(command.path);
         case MediaVerb::erase:
             return erase();
         case MediaVerb::length:
@@ -45,23 +44,26 @@ MediaDevice::Answer MediaCapture::setFormat(const WaveFormat& format) {
 
 MediaDevice::Answer MediaCapture::record() {
     if (isRecording_) return {};
-    const bool fromInput = sources_.soundsElsewhere();
-    if (!fromInput && !sources_.mix.isFree()) return answerOf(MediaError::inUse);
+    recordFailure_ = openSource();
+    if (recordFailure_.code != 0) return recordFailure_;
     writer_.start();
-    if (!fromInput) {
-        sources_.mix.setRing(&writer_.ring());
-    } else if (!openInput()) {
-        return answerOf(MediaError::noInput);
-    }
     isRecording_ = true;
     return {};
 }
 
-bool MediaCapture::openInput() {
+MediaDevice::Answer MediaCapture::openSource() {
+    if (!sources_.soundsElsewhere()) {
+        if (!sources_.mix.isFree()) return answerOf(MediaError::inUse);
+        sources_.mix.setRing(&writer_.ring());
+        return {};
+    }
+    inputTap_ = std::make_shared<CaptureTap>();
     inputTap_->setRing(&writer_.ring());
     input_ = openInputInTime(sources_.openInput, inputTap_, sources_.inputPatience);
-    if (!input_) inputTap_->setRing(nullptr);
-    return input_ != nullptr;
+    if (input_) return {};
+    inputTap_->setRing(nullptr);
+    writer_.forgetUnwritten();
+    return answerOf(MediaError::noInput);
 }
 
 void MediaCapture::closeSource() {
@@ -70,28 +72,53 @@ void MediaCapture::closeSource() {
         return;
     }
     inputTap_->setRing(nullptr);
+    closeInput(sources_.inputPatience);
+}
+
+void MediaCapture::closeInput(std::chrono::milliseconds patience) {
     inputWasLost_ = inputWasLost_ || input_->isLost();
-    closeInputInTime(std::move(input_), sources_.inputPatience);
+    closeInputInTime(std::move(input_), patience);
     input_.reset();
 }
 
-void MediaCapture::noteFilePlays() {
-    if (!isRecording_ || !input_ || !sources_.mix.isFree()) return;
-    closeSource();
+void MediaCapture::expectFile() {
+    turnsToMix_ = isRecording_ && input_ && sources_.mix.isFree();
+    if (!turnsToMix_) return;
+    inputTap_->setRing(nullptr);
     sources_.mix.setRing(&writer_.ring());
 }
 
+void MediaCapture::noteFile(bool plays) {
+    if (!std::exchange(turnsToMix_, false)) return;
+    if (plays) {
+        closeInput(std::chrono::milliseconds(0));
+        return;
+    }
+    sources_.mix.setRing(nullptr);
+    inputTap_->setRing(&writer_.ring());
+}
+
 MediaDevice::Answer MediaCapture::stop() {
-    if (!std::exchange(isRecording_, false)) return {};
+    if (!std::exchange(isRecording_, false)) return recordFailure_;
     closeSource();
     writer_.finish();
     const Answer faults = writer_.faults();
     return faults.code == 0 && inputWasLost_ ? answerOf(MediaError::inputLost) : faults;
 }
 
+/// An empty file would pass for the recording that could not be begun.
+MediaDevice::Answer MediaCapture::save(const std::string& path) {
+    if (path.empty()) return answerOf(MediaError::noFile);
+    if (recordFailure_.code != 0 && writer_.frames() == 0) {
+        return answerOf(MediaError::notSaved, recordFailure_.text);
+    }
+    return writer_.save(path);
+}
+
 MediaDevice::Answer MediaCapture::erase() {
     writer_.clear();
     inputWasLost_ = false;
+    recordFailure_ = {};
     return {};
 }
 

@@ -30,25 +30,34 @@ class MediaCapture final : public MediaUnit {
 
     MediaDevice::Answer act(const MediaCommand& command) override;
     void catchUp() override { writer_.catchUp(); }
-    /// A recording goes on with the program's own sound, which alone has the file in it.
-    void noteFilePlays() override;
+    /// A recording goes on with the program's own sound, which alone has the file in it, from its first
+    /// frame.
+    void expectFile() override;
+    void noteFile(bool plays) override;
+
+    /// A code when there is no place on the disk for recordings; it is of no use then.
+    MediaDevice::Answer readiness() const { return writer_.readiness(); }
 
  private:
     using Answer = MediaDevice::Answer;
     Answer setFormat(const WaveFormat& format);
     Answer record();
-    bool openInput();
+    Answer openSource();
     Answer stop();
+    Answer save(const std::string& path);
     Answer erase();
     void closeSource();
+    void closeInput(std::chrono::milliseconds patience);
     Answer length() const;
 
     const CaptureSources sources_;
     CaptureWriter writer_;
-    std::shared_ptr<CaptureTap> inputTap_ = std::make_shared<CaptureTap>();
+    std::shared_ptr<CaptureTap> inputTap_;  ///< one for each input, since one that hangs keeps its own
     std::unique_ptr<SoundInput> input_;
     bool isRecording_ = false;
+    bool turnsToMix_ = false;  ///< the mix has the ring while the input is still open
     bool inputWasLost_ = false;
+    Answer recordFailure_;  ///< of the last start; a code of 0 when it was none
 };
 
 }  // namespace melvane

@@ -32,14 +32,26 @@ void CaptureWriter::finish() {
     writeDown(true);
 }
 
+void CaptureWriter::emptyRing() {
+    while (ring_.ring.pop(sound_) > 0) {
+    }
+    ring_.lostFrames = 0;
+}
+
+void CaptureWriter::forgetUnwritten() {
+    worker_.between([this] { emptyRing(); });
+}
+
 void CaptureWriter::clear() {
     worker_.between([this] {
-        while (ring_.ring.pop(sound_) > 0) {
-        }
-        ring_.lostFrames = 0;
+        emptyRing();
         spool_.clear();
         written_ = 0;
     });
+}
+
+MediaDevice::Answer CaptureWriter::readiness() const {
+    return spool_.failure() ? answerOf(MediaError::noSpool, *spool_.failure()) : MediaDevice::Answer{};
 }
 
 MediaDevice::Answer CaptureWriter::faults() const {

@@ -24,7 +24,9 @@ class CaptureWriter {
     CaptureWriter& operator=(const CaptureWriter&) = delete;
 
     /// Only while it holds nothing and nothing runs.
-    void setFormat(const WaveFormat& format) { encoder_ = std::make_unique<WaveEncoder>(format); }
+    void setFormat(const WaveFormat& format) {
+        worker_.between([&] { encoder_ = std::make_unique<WaveEncoder>(format); });
+    }
     const WaveFormat& format() const { return encoder_->format(); }
     /// Where sound is to be put while it runs.
     CaptureRing& ring() { return ring_; }
@@ -32,18 +34,23 @@ class CaptureWriter {
     void start() { worker_.start(); }
     /// Writes what is in the ring, to its end. Nothing may be put there any more.
     void finish();
+    /// Passes over what is in the ring. Only while nothing runs.
+    void forgetUnwritten();
     void clear();
     /// Any thread.
     void catchUp() { worker_.doNow(); }
 
     /// Whole frames that have been written.
     std::uint64_t frames() const { return written_ / static_cast<unsigned>(format().alignment()); }
+    /// A code when it cannot write anything down.
+    MediaDevice::Answer readiness() const;
     /// What went wrong since the last clear(); a code of 0 when nothing did.
     MediaDevice::Answer faults() const;
     /// Writes a WAV file that is complete or absent.
     MediaDevice::Answer save(const std::string& path);
 
  private:
+    void emptyRing();
     void writeDown() { writeDown(false); }
     void writeDown(bool isLast);
 

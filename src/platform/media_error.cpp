@@ -25,6 +25,7 @@ constexpr std::array texts{
     std::pair{MediaError::framesLost, "The machine was too slow, and sound was lost. Samples:"},
     std::pair{MediaError::inputLost, "The sound input was lost during the recording."},
     std::pair{MediaError::notSaved, "The recording is not saved."},
+    std::pair{MediaError::noSpool, "No temporary file can be made to record into:"},
 };
 
 }  // namespace

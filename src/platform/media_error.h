@@ -23,6 +23,7 @@ enum class MediaError {
     framesLost = 332,
     inputLost = 333,
     notSaved = 334,
+    noSpool = 335,
 };
 
 /// The answer with its code and its text, and behind that `detail`, where there is one.

@@ -23,35 +23,42 @@ MediaDevice::Answer MediaPlayer::act(const MediaCommand& command) {
             inFrames_ = command.inFrames;
             return {};
         case MediaVerb::length:
-            return inUnits(sound_->length());
+            return {0, std::to_string(toUnits(sound_->length()))};
         case MediaVerb::position:
-            return inUnits(sound_->position());
+            return {0, std::to_string(toUnits(sound_->position()))};
         default:
             return answerOf(MediaError::wrongKind);
     }
 }
 
 /// A begun frame counts as one of the length, so that only the end of the sound is the end in frames.
-MediaDevice::Answer MediaPlayer::inUnits(std::int64_t soundFrames) const {
-    if (!inFrames_) return {0, std::to_string(soundFrames * 1000 / soundRate)};
+std::int64_t MediaPlayer::toUnits(std::int64_t soundFrames) const {
+    if (!inFrames_) return soundFrames * 1000 / soundRate;
     const bool isEnd = soundFrames == sound_->length();
-    return {0, std::to_string((soundFrames * framesASecond + (isEnd ? soundRate - 1 : 0)) / soundRate)};
+    return (soundFrames * framesASecond + (isEnd ? soundRate - 1 : 0)) / soundRate;
 }
 
-/// The frame of the sound at that moment; at most two seconds behind its end.
+/// The first frame of the sound at that moment, so that its position is that moment; at most two seconds
+/// behind the end.
 std::int64_t MediaPlayer::soundFrame(std::int64_t units) const {
     const std::int64_t unitsASecond = inFrames_ ? framesASecond : 1000;
     const std::int64_t most = (sound_->length() / soundRate + 2) * unitsASecond;
-    return std::min(units, most) * soundRate / unitsASecond;
+    return (std::min(units, most) * soundRate + unitsASecond - 1) / unitsASecond;
+}
+
+/// The length as it is told may lie before the end by a part of a unit, and means the end.
+std::int64_t MediaPlayer::endFrame(std::int64_t units) const {
+    const std::int64_t length = sound_->length();
+    return units >= toUnits(length) ? length : std::min(soundFrame(units), length);
 }
 
 MediaDevice::Answer MediaPlayer::play(const MediaCommand& command) {
+    if (command.from.value_or(0) < 0 || command.to.value_or(0) < 0) return answerOf(MediaError::outOfRange);
     const std::int64_t length = sound_->length();
     const std::int64_t from = command.from ? soundFrame(*command.from) : sound_->position();
-    const std::int64_t to = command.to ? std::min(soundFrame(*command.to), length) : length;
+    const std::int64_t to = command.to ? endFrame(*command.to) : length;
     const bool isInside = from <= length && from <= to;
-    const bool isNegative = command.from.value_or(0) < 0 || command.to.value_or(0) < 0;
-    return isInside && !isNegative ? start(from, to) : answerOf(MediaError::outOfRange);
+    return isInside ? start(from, to) : answerOf(MediaError::outOfRange);
 }
 
 MediaDevice::Answer MediaPlayer::start(std::int64_t from, std::int64_t to) {

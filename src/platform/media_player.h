@@ -25,8 +25,9 @@ class MediaPlayer final : public MediaUnit {
     Answer start(std::int64_t from, std::int64_t to);
     Answer resume();
     std::int64_t soundFrame(std::int64_t units) const;
+    std::int64_t endFrame(std::int64_t units) const;
     void halt(State state);
-    Answer inUnits(std::int64_t soundFrames) const;
+    std::int64_t toUnits(std::int64_t soundFrames) const;
 
     std::unique_ptr<Playable> sound_;
     State state_ = State::stopped;

@@ -57,8 +57,7 @@ MediaDevice::Answer PortableMediaDevice::open(const MediaCommand& command) {
     if (std::ranges::find(types, command.type) == types.end()) return answerOf(MediaError::unknownType);
     if (units_.contains(command.alias)) return answerOf(MediaError::aliasInUse);
     if (command.type == captureType && lowerCase(command.path) == emptyFile) {
-        units_[command.alias] = openCapture();
-        return {};
+        return openCapture(command.alias);
     }
     if (!fileExists(command.path)) return answerOf(MediaError::noFile);
     auto unit = openFile(command.path);
@@ -67,10 +66,13 @@ MediaDevice::Answer PortableMediaDevice::open(const MediaCommand& command) {
     return {};
 }
 
-std::unique_ptr<MediaUnit> PortableMediaDevice::openCapture() {
+MediaDevice::Answer PortableMediaDevice::openCapture(const std::string& alias) {
     const auto soundsElsewhere = [this] { return setting_.soundsElsewhere() && !aFilePlays(); };
     const CaptureSources sources{mixTap_, soundsElsewhere, setting_.openInput, setting_.inputPatience};
-    return std::make_unique<MediaCapture>(sources, setting_.mostCaptureBytes);
+    auto capture = std::make_unique<MediaCapture>(sources, setting_.mostCaptureBytes);
+    Answer answer = capture->readiness();
+    if (answer.code == 0) units_[alias] = std::move(capture);
+    return answer;
 }
 
 bool PortableMediaDevice::aFilePlays() const {
@@ -101,10 +103,14 @@ MediaDevice::Answer PortableMediaDevice::close(const MediaCommand& command) {
 MediaDevice::Answer PortableMediaDevice::act(const MediaCommand& command) {
     const auto unit = units_.find(command.alias);
     if (unit == units_.end()) return answerOf(MediaError::notOpen);
-    const Answer answer = unit->second->act(command);
-    if (command.verb == MediaVerb::play && answer.code == 0) {
-        for (const auto& [alias, other] : units_) other->noteFilePlays();
-    }
+    const bool startsFile = command.verb == MediaVerb::play || command.verb == MediaVerb::resume;
+    return startsFile ? startFile(*unit->second, command) : unit->second->act(command);
+}
+
+MediaDevice::Answer PortableMediaDevice::startFile(MediaUnit& unit, const MediaCommand& command) {
+    for (const auto& [alias, each] : units_) each->expectFile();
+    const Answer answer = unit.act(command);
+    for (const auto& [alias, each] : units_) each->noteFile(unit.isPlaying());
     return answer;
 }
 

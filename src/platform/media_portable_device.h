@@ -41,7 +41,8 @@ class PortableMediaDevice final : public MediaDevice {
     Answer open(const MediaCommand& command);
     Answer close(const MediaCommand& command);
     Answer act(const MediaCommand& command);
-    std::unique_ptr<MediaUnit> openCapture();
+    Answer startFile(MediaUnit& unit, const MediaCommand& command);
+    Answer openCapture(const std::string& alias);
     std::unique_ptr<MediaUnit> openFile(const std::string& path);
     bool aFilePlays() const;
 

@@ -7,16 +7,13 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <filesystem>
+#include <string>
 
 #include "platform/audio_file_draft.h"
 
 namespace melvane {
 
 namespace {
-
-/// The usual folder for temporary files may lie in memory, which hours of sound would fill.
-constexpr const char* folderOnDisk = "/var/tmp";
 
 int makeNameless(const std::string& folder) {
     std::string name = folder + "/melvane.XXXXXX";
@@ -25,15 +22,16 @@ int makeNameless(const std::string& folder) {
     return descriptor;
 }
 
+/// In the chosen folder for temporary files, else on the disk rather than in a folder that may lie in memory,
+/// which hours of sound would fill.
 int makeFile() {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
     const char* const chosen = std::getenv("TMPDIR");
-    if (chosen == nullptr) {
-        if (const int descriptor = makeNameless(folderOnDisk); descriptor >= 0) return descriptor;
+    for (const char* const folder : {chosen, "/var/tmp", "/tmp"}) {
+        if (folder == nullptr || *folder == '\0') continue;
+        if (const int descriptor = makeNameless(folder); descriptor >= 0) return descriptor;
     }
-    std::error_code failed;
-    const std::string folder = std::filesystem::temp_directory_path(failed).string();
-    return makeNameless(folder.empty() ? folderOnDisk : folder);
+    return -1;
 }
 
 /// Bytes written before the first failure.

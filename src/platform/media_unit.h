@@ -12,8 +12,9 @@ class MediaUnit {
     virtual MediaDevice::Answer act(const MediaCommand& command) = 0;
     /// Whether a file of it may be sounding.
     virtual bool isPlaying() const { return false; }
-    /// Another one has begun to play a file.
-    virtual void noteFilePlays() {}
+    /// Another one is about to play a file. noteFile() always follows and tells whether it does.
+    virtual void expectFile() {}
+    virtual void noteFile(bool /*plays*/) {}
     /// Does at once what the unit's own thread does now and then. Any thread.
     virtual void catchUp() {}
 };

@@ -61,17 +61,13 @@ Head readHead(std::string_view bytes) {
     return {bigEndian(bytes.substr(chunkHeadSize, 2)), divisionOf(bigEndian(bytes.substr(12, 2)))};
 }
 
-bool isTag(std::string_view tag) {
-    return tag.size() == tagSize && std::ranges::all_of(tag, [](char c) { return c >= ' ' && c <= '~'; });
-}
-
-/// The content of the track whose head stands at `at`. A length that does not lead to another chunk or to the
-/// end of the file is wrong.
+/// The content of the track whose head stands at `at`. A length that does not lead to another track or to the
+/// end of the file is taken for wrong: what else stands there may be a chunk, but also data of the track.
 std::string_view trackContent(std::string_view bytes, std::size_t at) {
     const std::uint32_t length = bigEndian(bytes.substr(at + tagSize, tagSize));
     const std::string_view rest = bytes.substr(std::min(at + chunkHeadSize, bytes.size()));
     const bool leadsOn =
-        length == rest.size() || (length < rest.size() && isTag(rest.substr(length, tagSize)));
+        length == rest.size() || (length < rest.size() && rest.substr(length).starts_with("MTrk"));
     return rest.substr(0, leadsOn ? length : rest.find("MTrk"));
 }
 

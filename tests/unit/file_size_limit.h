@@ -5,6 +5,23 @@
 
 namespace melvane::test {
 
+/// No file with a descriptor of `count` or above can be opened; 0: none.
+class OpenFilesLimit {
+ public:
+    explicit OpenFilesLimit(rlim_t count) {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit limited = before_;
+        limited.rlim_cur = count;
+        setrlimit(RLIMIT_NOFILE, &limited);
+    }
+    ~OpenFilesLimit() { setrlimit(RLIMIT_NOFILE, &before_); }
+    OpenFilesLimit(const OpenFilesLimit&) = delete;
+    OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
+
+ private:
+    rlimit before_{};
+};
+
 /// Files may grow to `bytes` only, as on a disk that is full.
 class FileSizeLimit {
  public:

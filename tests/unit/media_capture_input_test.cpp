@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
+#include <functional>
+#include <thread>
 
 #include "media_capture_fixture.h"
 
@@ -9,18 +12,31 @@ namespace {
 
 using namespace sound_test;
 
-/// An input that is fed by hand.
+/// What an input that is fed by hand has in common with its test.
+struct Hand {
+    bool lost = false;
+    std::atomic<int> open{0};
+    std::function<void()> whenAsked = [] {};   ///< whether it is lost, before it is closed
+    std::function<void()> whenClosed = [] {};  ///< on the closing thread
+};
+
 class HandInput final : public SoundInput {
  public:
-    HandInput(bool& lost, int& open) : lost_(lost), open_(open) { ++open_; }
-    ~HandInput() override { --open_; }
+    explicit HandInput(Hand& hand) : hand_(hand) { ++hand_.open; }
+    ~HandInput() override {
+        hand_.whenClosed();
+        --hand_.open;
+        hand_.open.notify_all();
+    }
     HandInput(const HandInput&) = delete;
     HandInput& operator=(const HandInput&) = delete;
-    bool isLost() const override { return lost_; }
+    bool isLost() const override {
+        hand_.whenAsked();
+        return hand_.lost;
+    }
 
  private:
-    bool& lost_;
-    int& open_;
+    Hand& hand_;
 };
 
 class CapturingFromInput : public Capturing {
@@ -29,27 +45,48 @@ class CapturingFromInput : public Capturing {
         elsewhere = true;
         setting.openInput = [this](const std::shared_ptr<SoundTap>& to) -> std::unique_ptr<SoundInput> {
             tap = to;
-            return std::make_unique<HandInput>(lost, open);
+            if (opens) return std::make_unique<HandInput>(hand);
+            to->hear(tone, 0);
+            return nullptr;
         };
         inputDevice = std::make_unique<PortableMediaDevice>(clock, synthesizer, setting);
+        stream = std::make_unique<SoundMixer>(std::vector<SoundSource*>{&inputDevice->voices()},
+                                              std::vector<SoundTap*>{&inputDevice->tap()}, soundRate);
         EXPECT_EQ(send("open new type waveaudio alias capture"), 0);
     }
+    void TearDown() override { waitUntilClosed(); }
     int send(const std::string& command) { return inputDevice->send(command).code; }
+    void openTone() {
+        const std::string file = folder.file("tone.wav");
+        writeWav(file, stereoTone(440, 0.5, 0.5, soundRate));
+        EXPECT_EQ(send("open " + file + " type MPEGVideo alias audiomp3"), 0);
+    }
+    /// The input is closed by a thread of its own.
+    void waitUntilClosed() {
+        inputDevice->send("close all");
+        for (int open = hand.open; open > 0; open = hand.open) hand.open.wait(open);
+    }
+    std::vector<float> renderBlock() {
+        std::vector<float> block(2000);
+        stream->render(stream->handOver(), block, [] { return 0; });
+        return block;
+    }
 
-    bool lost = false;
-    int open = 0;
+    bool opens = true;
+    Hand hand;
     std::shared_ptr<SoundTap> tap;
     std::unique_ptr<PortableMediaDevice> inputDevice;
+    std::unique_ptr<SoundMixer> stream;
     const std::vector<float> tone = stereoTone(440, 0.5, 0.25, 1000);
 };
 
 TEST_F(CapturingFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
     EXPECT_EQ(send("record capture"), 0);
-    EXPECT_EQ(open, 1);
+    EXPECT_EQ(hand.open, 1);
     tap->hear(tone, 0);
     inputDevice->tap();
     EXPECT_EQ(send("stop capture"), 0);
-    EXPECT_EQ(open, 0);
+    EXPECT_EQ(hand.open, 0);
     tap->hear(tone, 0);
     EXPECT_EQ(send("save capture " + path), 0);
     EXPECT_EQ(samplesIn(path), samplesOf(tone));
@@ -58,36 +95,127 @@ TEST_F(CapturingFromInput, RecordsTheInputWhileAnotherMidiOutputIsInUse) {
 TEST_F(CapturingFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
     EXPECT_EQ(send("record capture"), 0);
     tap->hear(tone, 0);
-    lost = true;
+    hand.lost = true;
     EXPECT_EQ(send("stop capture"), static_cast<int>(MediaError::inputLost));
     EXPECT_EQ(send("save capture " + path), 0);
     EXPECT_EQ(samplesIn(path), samplesOf(tone));
 }
 
-TEST_F(CapturingFromInput, TurnsToTheMixWhenAFileIsPlayedIntoIt) {
-    const std::string file = folder.file("tone.wav");
-    writeWav(file, stereoTone(440, 0.5, 0.5, 44'100));
-    SoundMixer stream({&inputDevice->voices()}, {&inputDevice->tap()}, soundRate);
-    EXPECT_EQ(send("record capture"), 0);
-    EXPECT_EQ(send("open " + file + " type MPEGVideo alias audiomp3"), 0);
-    EXPECT_EQ(open, 1);
-    EXPECT_EQ(send("play audiomp3 from 0"), 0);
-    EXPECT_EQ(open, 0);
-    std::vector<float> block(2000);
-    stream.render(stream.handOver(), block, [] { return 0; });
-    EXPECT_EQ(send("stop capture"), 0);
-    EXPECT_EQ(send("save capture " + path), 0);
-    EXPECT_GT(peak(block), 0.4F);
-    EXPECT_EQ(samplesIn(path), samplesOf(block));
+TEST_F(CapturingFromInput, HasAFileThatIsPlayedOrResumedFromItsFirstFrame) {
+    openTone();
+    for (const bool isResumed : {false, true}) {
+        if (isResumed) {
+            EXPECT_EQ(send("play audiomp3 from 0"), 0);
+            EXPECT_EQ(send("pause audiomp3"), 0);
+        }
+        EXPECT_EQ(send("delete capture"), 0);
+        EXPECT_EQ(send("record capture"), 0);
+        EXPECT_EQ(hand.open, 1);
+        // A block of the file is due before the input has been closed.
+        std::vector<float> heard;
+        hand.whenAsked = [&] { heard = renderBlock(); };
+        EXPECT_EQ(send(isResumed ? "resume audiomp3" : "play audiomp3 from 0"), 0);
+        hand.whenAsked = [] {};
+        const auto more = renderBlock();
+        heard.insert(heard.end(), more.begin(), more.end());
+        tap->hear(tone, 0);
+        EXPECT_EQ(send("stop capture"), 0);
+        EXPECT_EQ(send("save capture " + path), 0);
+        EXPECT_GT(peak(heard), 0.4F);
+        EXPECT_EQ(samplesIn(path), samplesOf(heard)) << isResumed;
+        EXPECT_EQ(send("stop audiomp3"), 0);
+    }
 }
 
-TEST_F(Capturing, AnswersThatThereIsNoInput) {
+TEST_F(CapturingFromInput, StaysWithTheInputWhenNothingBeginsToPlay) {
+    openTone();
+    EXPECT_EQ(send("record capture"), 0);
+    EXPECT_NE(send("play audiomp3 from 2000"), 0);
+    EXPECT_EQ(send("resume audiomp3"), 0);
+    EXPECT_NE(send("play capture"), 0);
+    renderBlock();
+    tap->hear(tone, 0);
+    EXPECT_EQ(send("stop capture"), 0);
+    EXPECT_EQ(send("save capture " + path), 0);
+    EXPECT_EQ(samplesIn(path), samplesOf(tone));
+}
+
+TEST_F(CapturingFromInput, IsNotHeldUpByAnInputThatDoesNotClose) {
+    std::atomic<bool> goOn{false};
+    hand.whenClosed = [&] { goOn.wait(false); };
+    openTone();
+    EXPECT_EQ(send("record capture"), 0);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(send("play audiomp3 from 0"), 0);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    EXPECT_LT(took, setting.inputPatience);
+    EXPECT_EQ(hand.open, 1);
+    goOn = true;
+    goOn.notify_all();
+    waitUntilClosed();
+}
+
+TEST_F(Capturing, AnswersThatThereIsNoInputUntilItIsStartedAnew) {
     elsewhere = true;
     openCapture();
     EXPECT_EQ(refused("record capture"), MediaError::noInput);
+    EXPECT_EQ(refused("stop capture"), MediaError::noInput);
+    EXPECT_EQ(refused("stop capture"), MediaError::noInput);
+    EXPECT_EQ(refused("save capture " + path), MediaError::notSaved);
+    EXPECT_EQ(folder.fileCount(), 0U);
+    elsewhere = false;
+    done("record capture");
+    const auto heard = run(0.1);
     done("stop capture");
     done("save capture " + path);
-    EXPECT_EQ(bytesOf(path).size(), 44U);
+    EXPECT_EQ(samplesIn(path), samplesOf(heard));
+}
+
+TEST_F(Capturing, KeepsWhatItHasWhenItCannotBeStartedAgain) {
+    openCapture();
+    done("record capture");
+    const auto heard = run(0.1);
+    done("stop capture");
+    elsewhere = true;
+    EXPECT_EQ(refused("record capture"), MediaError::noInput);
+    EXPECT_EQ(refused("stop capture"), MediaError::noInput);
+    done("save capture " + path);
+    EXPECT_EQ(samplesIn(path), samplesOf(heard));
+    done("delete capture");
+    done("stop capture");
+}
+
+std::ptrdiff_t threadCount() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+TEST_F(CapturingFromInput, WritesNothingOfAnInputThatDoesNotOpen) {
+    const auto before = threadCount();
+    opens = false;
+    EXPECT_EQ(send("record capture"), static_cast<int>(MediaError::noInput));
+    // The thread that opened ends by itself; one that writes would stay.
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (threadCount() > before && std::chrono::steady_clock::now() < patience) std::this_thread::yield();
+    EXPECT_LE(threadCount(), before);
+    EXPECT_EQ(send("set capture samplespersec 22050 channels 1 bitspersample 8"), 0);
+    tap->hear(tone, 0);
+    opens = true;
+    EXPECT_EQ(send("record capture"), 0);
+    EXPECT_EQ(send("stop capture"), 0);
+    EXPECT_EQ(send("save capture " + path), 0);
+    EXPECT_EQ(bytesOf(path), waveHeader({22050, 1, 8}, 0));
+}
+
+TEST_F(CapturingFromInput, HearsNoInputOfAnEarlierRecording) {
+    EXPECT_EQ(send("record capture"), 0);
+    const auto earlier = tap;
+    EXPECT_EQ(send("stop capture"), 0);
+    EXPECT_EQ(send("record capture"), 0);
+    earlier->hear(tone, 0);
+    tap->hear(std::span(tone).first(200), 0);
+    EXPECT_EQ(send("stop capture"), 0);
+    EXPECT_EQ(send("save capture " + path), 0);
+    EXPECT_EQ(samplesIn(path), samplesOf(std::span(tone).first(200)));
 }
 
 TEST_F(Capturing, DoesNotWaitForAnInputThatHangs) {

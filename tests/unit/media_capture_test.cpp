@@ -165,7 +165,7 @@ TEST_F(Capturing, LeavesTheMixToTheRecordingThatHasIt) {
     done("open new type waveaudio alias second");
     done("record capture");
     EXPECT_EQ(refused("record second"), MediaError::inUse);
-    done("stop second");
+    EXPECT_EQ(refused("stop second"), MediaError::inUse);
     source.sound = stereoTone(440, 0.5, 0.5, 44'100);
     const auto heard = run(1.0);
     done("stop capture");
@@ -245,13 +245,27 @@ TEST_F(Capturing, LeavesNoTemporaryFileBehind) {
     unsetenv("TMPDIR");
 }
 
-TEST_F(Capturing, TellsThatNoTemporaryFileCouldBeMade) {
-    setenv("TMPDIR", "/proc", 1);
+TEST_F(Capturing, CannotBeOpenedWithoutATemporaryFile) {
+    {
+        const test::OpenFilesLimit limit(0);
+        EXPECT_EQ(refused("open new type waveaudio alias capture"), MediaError::noSpool);
+    }
+    EXPECT_EQ(refused("record capture"), MediaError::notOpen);
     openCapture();
-    unsetenv("TMPDIR");
-    done("record capture");
-    run(0.5);
-    EXPECT_EQ(refused("stop capture"), MediaError::noRoom);
+}
+
+TEST_F(Capturing, TakesAnotherFolderWhenTheChosenOneHasNoRoomForATemporaryFile) {
+    for (const char* const chosen : {"/proc", ""}) {
+        setenv("TMPDIR", chosen, 1);
+        openCapture();
+        unsetenv("TMPDIR");
+        done("record capture");
+        const auto heard = run(0.5);
+        done("stop capture");
+        done("save capture " + path);
+        EXPECT_EQ(samplesIn(path), samplesOf(heard)) << chosen;
+        done("close capture");
+    }
 }
 
 }  // namespace

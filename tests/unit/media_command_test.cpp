@@ -135,7 +135,8 @@ TEST(MediaError, HasATextThatFitsTheAnswerBufferForEachCode) {
          {MediaError::notUnderstood, MediaError::notOpen, MediaError::unknownType, MediaError::noFile,
           MediaError::damagedFile, MediaError::outOfRange, MediaError::wrongKind, MediaError::aliasInUse,
           MediaError::inUse, MediaError::formatRefused, MediaError::noInput, MediaError::noRoom,
-          MediaError::tooLong, MediaError::framesLost, MediaError::inputLost, MediaError::notSaved}) {
+          MediaError::tooLong, MediaError::framesLost, MediaError::inputLost, MediaError::notSaved,
+          MediaError::noSpool}) {
         const auto answer = answerOf(error);
         EXPECT_NE(answer.code, 0);
         EXPECT_GT(answer.text.size(), 10U) << answer.code;

@@ -69,6 +69,35 @@ TEST_F(MediaPlaying, IsAtTheLengthAtTheEndAndNotBefore) {
     }
 }
 
+/// A length of part of a millisecond more than it tells.
+TEST_F(MediaPlaying, ReachesTheEndWhenItIsPlayedToTheLengthInMilliseconds) {
+    for (const std::size_t frames : {44'101U, 44'143U, 44'144U, 44'145U, 50'001U}) {
+        writeWav(path, std::span(tone).first(frames * 2));
+        openFile(path);
+        inMilliseconds();
+        const long length = number("status audiomp3 length");
+        done("play audiomp3 from 0 to " + std::to_string(length));
+        const auto sound = run(1.5);
+        EXPECT_NEAR(sound[frames * 2 - 2], tone[frames * 2 - 2], 2.0 / 32768) << "the last frame";
+        EXPECT_EQ(position(), length) << frames;
+        done("set audiomp3 time format frames");
+        EXPECT_EQ(position(), number("status audiomp3 length")) << frames;
+        done("close audiomp3");
+    }
+}
+
+TEST_F(MediaPlaying, EndsAtTheMillisecondThatWasAskedFor) {
+    openFile(path);
+    inMilliseconds();
+    for (const long end : {1L, 333L, 1234L, 1237L}) {
+        done("play audiomp3 from 0 to " + std::to_string(end));
+        run(1.5);
+        EXPECT_EQ(position(), end);
+        done("play audiomp3 from " + std::to_string(end));
+        EXPECT_EQ(position(), end);
+    }
+}
+
 TEST_F(MediaPlaying, StandsStillInAPauseAndGoesOnThere) {
     openFile(path);
     inMilliseconds();
@@ -110,6 +139,7 @@ TEST_F(MediaPlaying, RefusesPlacesOutsideTheFile) {
     EXPECT_EQ(refused("play audiomp3 from 50 to 20"), MediaError::outOfRange);
     EXPECT_EQ(refused("play audiomp3 from 0 to -1"), MediaError::outOfRange);
     EXPECT_EQ(refused("play audiomp3 from -1"), MediaError::outOfRange);
+    EXPECT_EQ(refused("play audiomp3 from -9223372036854775808"), MediaError::outOfRange);
     EXPECT_EQ(refused("play audiomp3 from 9223372036854775807"), MediaError::outOfRange);
     done("play audiomp3 from 0 to 9223372036854775807");
     run(5.0);

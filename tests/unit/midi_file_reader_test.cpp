@@ -134,6 +134,14 @@ TEST(MidiFileReader, ReadsTracksWhoseLengthsAreWrong) {
     }
 }
 
+TEST(MidiFileReader, TakesDataBehindALengthThatIsTooShortForData) {
+    // Running status: a time, a key and a velocity that are all letters, three times.
+    const std::string first = note(100, 60) + "dEFdGHdIJ" + trackEnd(0);
+    const auto sequence =
+        read(midiHead(1, 2, 100) + midiTrack(first, 4) + midiTrack(note(0, 62) + trackEnd(0)));
+    EXPECT_EQ(onsets(sequence), (Frames{0, second / 2, second, second + second / 2, 2 * second}));
+}
+
 TEST(MidiFileReader, ReadsWhatIsThereOfAFileThatIsCut) {
     const std::string bytes = midiFile(0, 100, {note(100, 60) + note(100, 61) + trackEnd(0)});
     EXPECT_EQ(onsets(read(bytes.substr(0, bytes.size() - 6))), Frames{second / 2});
