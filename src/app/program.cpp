@@ -9,6 +9,8 @@
 #include "shell/editing_toolbar_window.h"
 #include "shell/note_test_window.h"
 #include "shell/setup_toolbar_window.h"
+#include "tutorial/tutorial_tip_window.h"
+#include "tutorial/tutorial_window.h"
 #include "ui/qt_window_place.h"
 
 namespace melvane {
@@ -25,7 +27,7 @@ constexpr std::array topics{
     WindowTopic{"Form2", "65-editing.md"},     WindowTopic{"Form3", "67-setup.md"},
     WindowTopic{"Form5", "40-selector.md"},    WindowTopic{"FrmInst", "40-selector.md"},
     WindowTopic{"frmsynth", "75-keyboard.md"}, WindowTopic{"Record", "77-recorder.md"},
-    WindowTopic{"frmLog", "77-recorder.md"}};
+    WindowTopic{"frmLog", "77-recorder.md"},   WindowTopic{"Wiz", "12-tutorial.md"}};
 
 }  // namespace
 
@@ -74,7 +76,21 @@ void Program::listWindows() {
         joinFrame(*toolbar);
         return toolbar;
     });
+    listTutorial();
     toolWindows_.list({}, "frmsynth", [this] { return makeKeyboard(); });
+}
+
+void Program::listTutorial() {
+    toolWindows_.list(ToolWindows::Window::tutorial, "Wiz", [this] {
+        auto* const tutorial = new Wiz(studio_, engine_.tutorial, &window_);
+        joinFrame(*tutorial);
+        return tutorial;
+    });
+    toolWindows_.list({}, "frminfo", [this] {
+        auto* const tip = new frminfo(studio_, engine_.tutorial.tip, &window_);
+        joinFrame(*tip);
+        return tip;
+    });
 }
 
 /// It does not belong to the main window, which is hidden while it is open.
@@ -120,7 +136,7 @@ void Program::start() {
 }
 
 bool Program::prepareWindow() {
-    for (const char* const name : {"Form3", "Form2", "Form5"}) {
+    for (const char* const name : {"Form3", "Form2", "Form5", "Wiz"}) {
         if (toolWindows_.prepare(name)) return true;
     }
     if (help_ != nullptr) return false;

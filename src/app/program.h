@@ -43,6 +43,7 @@ class Program {
 
  private:
     void listWindows();
+    void listTutorial();
     void joinFrame(FramedWindow& window);
     void giveHelp(FramedWindow& window);
     QWidget* makeKeyboard();

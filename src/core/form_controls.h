@@ -41,11 +41,17 @@ struct MainControls {
 
 /// The Setup toolbar. Its controls keep what they hold while it is closed.
 struct SetupControls {
-    SetupControls() { PanAtRest.fill(true); }
+    SetupControls() {
+        PanAtRest.fill(true);
+        SSTab1.fill({"Setup", "Sound", "Chords", "Configuration"});
+        SSTab1.set(0);
+    }
     bool loaded = false;
     bool shown = false;  ///< on the screen
     /// Its top left corner in twips; nothing before it has one.
     std::optional<double> left, top;
+
+    ListControl SSTab1;  ///< the page that is in front
 
     std::array<CheckControl, 13> TrackSel, TrackHide;  ///< index 9 is not offered
     TextControl LblInst1, LblInst2;                    ///< instruments of the melody and the percussion group

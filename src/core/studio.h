@@ -15,6 +15,7 @@
 #include "core/numbers.h"
 #include "core/track_array.h"
 #include "core/track_colours.h"
+#include "core/tutorial_controls.h"
 
 /// The whole state of the program, as plain values. Made once by main and once by each test; handed down by
 /// reference. Fields that the design keeps as 16-bit values are 16-bit here; assign through assign()
@@ -228,6 +229,8 @@ struct Studio {
     PickerControls FrmInst;
     MenuControls Frmmenu;
     KeyboardControls frmsynth;
+    WizardControls Wiz;
+    TipControls frminfo;
 
     /// Whether the Setup toolbar's switch hides `track`; a track without a switch is not hidden.
     bool isHidden(int track) const {

@@ -270,6 +270,7 @@ void listMain(ControlTable& table, MainControls& form1) {
 }
 
 void listSetup(ControlTable& table, SetupControls& Form3) {
+    table.add("Form3", "SSTab1", Form3.SSTab1);
     table.add("Form3", "TrackSel", Form3.TrackSel);
     table.add("Form3", "TrackHide", Form3.TrackHide);
     table.add("Form3", "LblInst1", Form3.LblInst1);

@@ -44,6 +44,8 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
       keyboard(studio, {settings, fileOperations, output, outside.dialogs, outside.clock, outside.loop,
                         outside.directories, picker, stopWatches, frame}),
+      tutorial(studio, {settings, fileOperations, frame, toolWindows, outside.clock, outside.loop,
+                        outside.directories, tables}),
       surfaces_(surfaces) {
     connectControls();
     listNames();
@@ -119,6 +121,7 @@ void Engine::listNames() {
     menus.listNames(tables);
     editing.listNames(tables);
     keyboard.listNames(tables);
+    tutorial.listNames(tables);
 }
 
 }  // namespace melvane

@@ -33,6 +33,7 @@
 #include "shell/setup_toolbar_commands.h"
 #include "shell/start_up.h"
 #include "synth/keyboard_commands.h"
+#include "tutorial/tutorial.h"
 
 namespace melvane {
 
@@ -78,6 +79,7 @@ class Engine {
     PopupMenus menus;
     EditingToolbarCommands editing;
     KeyboardCommands keyboard;
+    Tutorial tutorial;
     NameTables tables;
 
  private:

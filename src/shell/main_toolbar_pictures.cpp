@@ -26,7 +26,7 @@ constexpr std::array<Button, MainToolbarPictures::buttons> entries{
      {"setup", "Setup", true},
      {"editing", "Editing toolbar", true},
      {"recording", "Recording toolbar", false},
-     {"tutorial", "Tutorial", false},
+     {"tutorial", "Tutorial", true},
      {"help", "Help", true},
      {"emblem", "", false},
      {"keyboard", "Keyboard", true}}};

@@ -13,6 +13,7 @@
 #include "shell/setup_configuration_panel.h"
 #include "shell/setup_score_panel.h"
 #include "shell/setup_sound_panel.h"
+#include "ui/qt_bindings.h"
 #include "ui/qt_window_place.h"
 
 namespace melvane {
@@ -44,7 +45,15 @@ Form3::Form3(Studio& studio, Engine& engine, QWidget* parent)
     addPage("Sound")->layout()->addWidget(new SetupSoundPanel(studio, engine, this));
     addPage("Chords")->layout()->addWidget(new SetupChordsPanel(studio, this));
     addPage("Configuration")->layout()->addWidget(new SetupConfigurationPanel(studio, engine, this));
+    bindPages();
     fit();
+}
+
+void Form3::bindPages() {
+    auto& page = studio_.Form3.SSTab1;
+    bindShown(*pages_, page, [this, &page] { pages_->setCurrentIndex(page.index()); });
+    connect(pages_, &QTabWidget::currentChanged, this,
+            [&page](int index) { page.userPut(static_cast<long long>(index)); });
 }
 
 QWidget* Form3::addPage(const char* title) {

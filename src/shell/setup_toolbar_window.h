@@ -24,6 +24,7 @@ class Form3 : public FramedWindow {
     void closeEvent(QCloseEvent* event) override;
 
  private:
+    void bindPages();
     QWidget* addPage(const char* title);
     void fit();
     void placeItself();

@@ -1,0 +1,17 @@
+#include "tutorial/lessons.h"
+
+#include <array>
+
+namespace melvane {
+
+namespace {
+
+constexpr std::array<const Lesson*, 8> all{&composingLesson, &chordsLesson,      &percussionLesson,
+                                           &editingLesson,   &midiFileLesson,    &recordingLesson,
+                                           &setupLesson,     &quickComposeLesson};
+
+}  // namespace
+
+std::span<const Lesson* const> lessons() { return all; }
+
+}  // namespace melvane

@@ -1,0 +1,14 @@
+#pragma once
+#include <span>
+
+#include "tutorial/lesson.h"
+
+namespace melvane {
+
+extern const Lesson composingLesson, chordsLesson, percussionLesson, editingLesson, midiFileLesson,
+    recordingLesson, setupLesson, quickComposeLesson;
+
+/// All lessons, in the order of their tabs.
+std::span<const Lesson* const> lessons();
+
+}  // namespace melvane
