@@ -64,8 +64,8 @@ constexpr std::array<LessonStep, 11> steps{{
     {"d. Cut/paste a group of notes.......",
      {{"Cut Selection takes the notes away and closes the gap. Paste (Insert) makes room for them at the "
        "column that you click.",
-       "The first eight columns will be cut and inserted at column 25."}},
-     {{noNoteTest, returnToStart(), firstChannel, selectTool(), selectColumns(0, 7), wait(), cutButton,
+       "The first twelve columns will be cut and inserted at column 25."}},
+     {{noNoteTest, returnToStart(), firstChannel, selectTool(), selectColumns(0, 11), wait(), cutButton,
        wait(), selectColumns(24, 24), wait(), pasteInsertButton}}},
     {"e. Replicate a group of notes.......",
      {{"Duplicate notes, the last button of the Editing toolbar, repeats the beginning of the score.",

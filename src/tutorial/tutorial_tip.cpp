@@ -7,6 +7,7 @@ namespace melvane {
 namespace {
 
 constexpr std::int64_t loadSeconds = 1;
+constexpr std::int64_t longestWait = 500;  // milliseconds, for the session to give the focus back
 
 }  // namespace
 
@@ -19,6 +20,17 @@ void TutorialTip::showModal(const std::string& text) {
     toolWindows_.showWindow("frminfo");
     if (loads) Form_Load();
     loop_.waitFor([&tip] { return !tip.window.visible(); });
+    waitForFocus();
+}
+
+/// A main window that comes to the front for a moment would end the playback that the step begins.
+void TutorialTip::waitForFocus() {
+    const auto isBack = [this] { return !focusIsBack || focusIsBack(); };
+    if (isBack()) return;
+    bool isLate = false;
+    const int timer = loop_.startTimer(longestWait, [&isLate] { isLate = true; });
+    loop_.waitFor([&] { return isLate || isBack(); });
+    loop_.stopTimer(timer);
 }
 
 void TutorialTip::Form_Load() {

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <string>
 
 #include "core/main_frame.h"
@@ -16,6 +17,9 @@ class TutorialTip {
     TutorialTip(Studio& studio, ToolWindows& toolWindows, Clock& clock, EventLoop& loop)
         : studio_(studio), toolWindows_(toolWindows), clock_(clock), loop_(loop) {}
 
+    /// Whether the window that was in front before the tip is there again; set by the window.
+    std::function<bool()> focusIsBack;
+
     /// Shows the text and returns when the window was closed; at least a second later.
     void showModal(const std::string& text);
     /// Serves events for a second.
@@ -26,6 +30,8 @@ class TutorialTip {
     void listNames(NameTables& tables);
 
  private:
+    void waitForFocus();
+
     Studio& studio_;
     ToolWindows& toolWindows_;
     Clock& clock_;

@@ -1,5 +1,6 @@
 #include "tutorial/tutorial_tip_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,8 +39,18 @@ frminfo::frminfo(Studio& studio, TutorialTip& tip, QWidget* parent)
     box->addWidget(Label1_);
     bindShown(*Label1_, studio.frminfo.Label1, [this] { fit(); });
     studio.frminfo.window.changed = [this] {
-        if (!studio_.frminfo.window.visible()) hide();
+        if (!studio_.frminfo.window.visible()) leave();
     };
+    tip.focusIsBack = [this] { return before_.isNull() || before_->isActiveWindow(); };
+}
+
+frminfo::~frminfo() { tip_.focusIsBack = nullptr; }
+
+void frminfo::leave() {
+    const bool wasInFront = isActiveWindow();
+    hide();
+    if (!wasInFront) before_.clear();
+    if (before_ != nullptr && before_->isVisible()) before_->activateWindow();
 }
 
 /// As high as the text asks for.
@@ -66,6 +77,8 @@ void frminfo::showEvent(QShowEvent* event) {
     if (event->spontaneous()) return;
     studio_.frminfo.loaded = true;
     studio_.frminfo.window.setVisible(true);
+    QWidget* const front = QApplication::activeWindow();
+    if (front != this) before_ = front;
     putBeforeActiveWindow(*this);
     ApplySkin();
     stand();

@@ -1,4 +1,6 @@
 #pragma once
+#include <QPointer>
+
 #include "core/studio.h"
 #include "ui/framed_window.h"
 
@@ -16,6 +18,7 @@ class frminfo : public FramedWindow {
 
  public:
     frminfo(Studio& studio, TutorialTip& tip, QWidget* parent);
+    ~frminfo() override;
     bool loaded() const { return studio_.frminfo.loaded; }
 
  protected:
@@ -28,10 +31,12 @@ class frminfo : public FramedWindow {
  private:
     void fit();
     void stand();
+    void leave();
 
     Studio& studio_;
     TutorialTip& tip_;
     QLabel* Label1_;
+    QPointer<QWidget> before_;  ///< the window that was in front
 };
 
 }  // namespace melvane

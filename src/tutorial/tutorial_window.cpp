@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStyle>
@@ -160,14 +161,16 @@ QWidget* Wiz::makeShowTips() {
 
 bool Wiz::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
-    for (std::size_t lesson = 0; lesson < steps_.size(); ++lesson) {
+    const bool moved =
+        type == QEvent::MouseMove && static_cast<const QMouseEvent&>(*event).buttons() == Qt::NoButton;
+    for (std::size_t lesson = 0; lesson < frames_.size(); ++lesson) {
         const auto& buttons = steps_[lesson];
         const auto found = std::ranges::find(buttons, watched);
-        if (found != buttons.end() && (type == QEvent::Enter || type == QEvent::MouseMove)) {
+        if (found != buttons.end() && (moved || type == QEvent::Enter)) {
             tutorial_.mark(static_cast<int>(lesson), static_cast<int>(found - buttons.begin()));
+            return moved;  // else it would reach the ground behind
         }
-        const bool onGround = type == QEvent::MouseMove || type == QEvent::Leave;
-        if (lesson < frames_.size() && watched == frames_[lesson] && onGround) {
+        if (watched == frames_[lesson] && (moved || type == QEvent::Leave)) {
             tutorial_.FrameStep_MouseMove(static_cast<int>(lesson));
         }
     }

@@ -1,0 +1,260 @@
+#include "tutorial_fixture.h"
+
+#include <filesystem>
+
+namespace melvane::test {
+namespace {
+
+/// Whether the action's names are ones of the program.
+bool isKnown(const NameTables& tables, const LessonAction& action) {
+    const std::string name = action.name;
+    const auto& operations = tables.operations;
+    switch (action.kind) {
+        case LessonAction::Kind::call:
+            return operations.has(action.window, name);
+        case LessonAction::Kind::put: {
+            const int index = action.numbers[1];
+            const auto member = index == lesson::noIndex ? std::nullopt : std::optional(index);
+            return tables.controls.find(action.window, name, member) != nullptr;
+        }
+        case LessonAction::Kind::stroke:
+            return operations.has("form1", name + "_MouseDown") && operations.has("form1", name + "_MouseUp");
+        default:
+            return true;
+    }
+}
+
+TEST_F(TutorialTest, EveryActionOfEveryStepHasAnOperationOrAControlToActOn) {
+    const auto names = engine.tables.operations.names();
+    const bool hasRecorder =
+        std::ranges::any_of(names, [](const auto& name) { return name.starts_with("Record."); });
+    int checked = 0;
+    for (const Lesson* const lesson : lessons()) {
+        for (const auto& step : lesson->steps) {
+            for (const auto& action : step.actions) {
+                if (!hasRecorder && std::string_view(action.window) == "Record") continue;
+                EXPECT_TRUE(isKnown(engine.tables, action)) << action.window << "." << action.name;
+                checked += action.kind == LessonAction::Kind::none ? 0 : 1;
+            }
+        }
+    }
+    EXPECT_GT(checked, 200);
+}
+
+TEST_F(TutorialTest, EverySampleOfEveryStepComesWithTheProgram) {
+    int samples = 0;
+    for (const Lesson* const lesson : lessons()) {
+        for (const auto& step : lesson->steps) {
+            for (const auto& action : step.actions) {
+                if (action.kind != LessonAction::Kind::sample && action.kind != LessonAction::Kind::handOver)
+                    continue;
+                ++samples;
+                EXPECT_TRUE(std::filesystem::exists(outside.directories.media() / action.name))
+                    << action.name;
+            }
+        }
+    }
+    EXPECT_GE(samples, 10);
+}
+
+TEST_F(TutorialTest, EveryStepHasATipWithoutAnEmptyLine) {
+    for (const Lesson* const lesson : lessons()) {
+        for (const auto& step : lesson->steps) {
+            ASSERT_NE(step.tip[0], nullptr) << step.caption;
+            bool over = false;
+            for (const char* const line : step.tip) {
+                EXPECT_FALSE(over && line != nullptr) << step.caption;
+                over = over || line == nullptr;
+                EXPECT_FALSE(line != nullptr && *line == 0) << step.caption;
+            }
+        }
+    }
+}
+
+/// What a step leaves behind.
+struct Left {
+    std::vector<std::vector<int>> cells, instruments, chords;
+    int currentTrack, editMode, tempo, selStart, selEnd;
+    bool operator==(const Left&) const = default;
+};
+
+class EveryLessonTest : public TutorialTest, public testing::WithParamInterface<int> {
+ protected:
+    Left left() const {
+        Left all{};
+        for (int track = 0; track <= lastTrackNumber; ++track) {
+            all.cells.push_back(cells(track, 200));
+            auto& instruments = all.instruments.emplace_back();
+            auto& chords = all.chords.emplace_back();
+            for (int column = 0; column <= 200; ++column) {
+                instruments.push_back(studio.score.InstArray.get(track, column, 0));
+                chords.push_back(studio.score.chordOf(track, column));
+            }
+        }
+        all.currentTrack = studio.tracks.CurrentTrack;
+        all.editMode = studio.selection.EditMode;
+        all.tempo = studio.score.Tempo;
+        all.selStart = studio.selection.SelStart;
+        all.selEnd = studio.selection.SelEnd;
+        return all;
+    }
+    /// What each step of the lesson leaves, done in their order from an empty score.
+    std::vector<Left> doAll(bool withTips) {
+        setTips(withTips);
+        engine.toolbar.Cmd2_Click(0);
+        engine.channels.Label8_Click(0);
+        std::vector<Left> all;
+        for (int step = 0; step < stepCount(GetParam()); ++step) {
+            engine.tutorial.click(GetParam(), step);
+            all.push_back(left());
+        }
+        return all;
+    }
+};
+
+TEST_P(EveryLessonTest, TipsChangeNothingAboutWhatTheStepsDo) {
+    doAll(false);  // an instrument that is picked, and a tempo, outlive a cleared score
+    const auto without = doAll(false);
+    EXPECT_TRUE(tips.empty());
+    const auto with = doAll(true);
+    EXPECT_EQ(tips.size(), without.size());
+    ASSERT_EQ(with.size(), without.size());
+    for (std::size_t step = 0; step < with.size(); ++step) {
+        EXPECT_TRUE(with[step] == without[step])
+            << lessons()[static_cast<std::size_t>(GetParam())]->labels << step;
+    }
+}
+
+TEST_P(EveryLessonTest, ATipTellsTheLinesOfItsStepAndHowToGoOn) {
+    doAll(true);
+    const auto& steps = lessons()[static_cast<std::size_t>(GetParam())]->steps;
+    ASSERT_EQ(tips.size(), steps.size());
+    for (std::size_t step = 0; step < steps.size(); ++step) {
+        EXPECT_TRUE(tips[step].starts_with(std::string(steps[step].tip[0]) + "\n")) << tips[step];
+        EXPECT_TRUE(
+            tips[step].ends_with("\nClose this window to continue. (Double-click on it or click the X "
+                                 "button).This step will then be performed automatically."))
+            << tips[step];
+    }
+}
+
+TEST_P(EveryLessonTest, NoNoteSoundsAfterTheLastStepAndNoButtonIsDown) {
+    doAll(false);
+    EXPECT_FALSE(studio.player.Playing);
+    EXPECT_FALSE(studio.drag.MouseIsDown);
+    EXPECT_FALSE(studio.shell.Busy);
+    int sounding = 0;
+    for (const auto& line : sent()) {
+        if (line == "reset") sounding = 0;
+        if (line.starts_with("9") && !line.ends_with(" 00")) ++sounding;
+        if (line.starts_with("8") || (line.starts_with("9") && line.ends_with(" 00"))) --sounding;
+    }
+    EXPECT_LE(sounding, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lessons, EveryLessonTest, testing::Range(0, static_cast<int>(lessons().size())),
+                         [](const auto& parameter) {
+                             return std::string(lessons()[static_cast<std::size_t>(parameter.param)]->labels);
+                         });
+
+TEST_F(TutorialTest, AStepOfAClosedWindowOrWithoutAnIndexDoesNothing) {
+    setTips(false);
+    write(0, 0, 60);
+    for (const auto& [lesson, step] : {std::pair{-1, 0}, {8, 0}, {0, -1}, {0, 8}}) {
+        engine.tutorial.click(lesson, step);
+        engine.tutorial.mark(lesson, step);
+    }
+    engine.tutorial.FrameStep_MouseMove(8);
+    engine.tutorial.Form_Unload();
+    engine.tutorial.click(0, 0);
+    EXPECT_EQ(studio.score.noteCell(0, 0), 60);
+}
+
+TEST_F(TutorialTest, TheNotesOfAStepComeHalfASecondApartAndSoundMeanwhile) {
+    setTips(false);
+    const auto before = time.tickCount();
+    engine.tutorial.click(lessonIndex("L1E"), 0);
+    EXPECT_EQ(time.tickCount() - before, 7 * 500) << "four presses and three pauses";
+    EXPECT_EQ(cells(0, 12), (std::vector{54, 1054, -1, 52, 1052, -1, 50, 1050, -1, 54, 1054, 1054, -1}));
+}
+
+TEST_F(TutorialTest, NotesAreDrawnOnTheSameRowsWhateverTheLineSpacing) {
+    setTips(false);
+    for (const int height : {5, 8, 13, 16}) {
+        studio.page.LineHeight = static_cast<Int16>(height);
+        engine.page.Form_Resize();
+        const int top = studio.page.FirstRow;
+        engine.tutorial.click(lessonIndex("L1E"), 0);
+        EXPECT_EQ(studio.score.noteCell(0, 0), top + 12) << height;
+        EXPECT_EQ(studio.score.noteCell(0, 6), top + 8) << height;
+    }
+}
+
+TEST_F(TutorialTest, TheTipStandsBesideTheWindowAtTheHeightOfTheStep) {
+    studio.Wiz.place = {1000, 2000, 6000, 5000};
+    engine.tutorial.labelTop = [](int lesson, int step) { return 100.0 * lesson + 10 * step; };
+    engine.tutorial.click(1, 3);
+    EXPECT_EQ(studio.frminfo.besideLeft, 1000);
+    EXPECT_EQ(studio.frminfo.besideWidth, 6000);
+    EXPECT_EQ(studio.frminfo.top, 2130);
+}
+
+TEST_F(TutorialTest, ATipIsModalForAtLeastItsSecond) {
+    const auto before = time.tickCount();
+    engine.tutorial.click(0, 2);
+    EXPECT_EQ(time.tickCount() - before, 1000);
+    EXPECT_EQ(studio.tracks.CurrentTrack, 1);
+    EXPECT_EQ(std::ranges::count(toolWindows.calls, "load frminfo"), 1);
+}
+
+TEST_F(TutorialTest, ThePlaceOfAFirstStartIsAtTheRightOfTheScreen) {
+    studio.Wiz.place = {0, 0, 6000, 5000};
+    engine.tutorial.Form_Load();
+    EXPECT_EQ(studio.Wiz.place.left, 1280 * twipsAPixel - 6000 - 400);
+    EXPECT_EQ(studio.Wiz.place.top, 1500);
+    studio.Wiz.place.left = 123.75;
+    engine.tutorial.Form_Unload();
+    EXPECT_EQ(store.read("Wiz left"), "124");
+    EXPECT_EQ(store.read("Wiz top"), "1500");
+    engine.tutorial.Form_Load();
+    EXPECT_EQ(studio.Wiz.place.left, 124);
+}
+
+TEST_F(TutorialTest, LoadingTakesNoTimeEvenOverOldSamples) {
+    const auto before = time.tickCount();
+    engine.tutorial.Form_Load();
+    EXPECT_EQ(time.tickCount(), before);
+    EXPECT_TRUE(std::filesystem::exists(outside.directories.media() / "104.sng"));
+}
+
+TEST_F(TutorialTest, FileDialogsHideTheWindowMeanwhile) {
+    toolWindows.calls.clear();
+    engine.toolbar.Cmd2_Click(1);
+    EXPECT_EQ(toolWindows.calls, (std::vector<std::string>{"hide 3", "show 3"}));
+}
+
+TEST_F(TutorialTest, TheWindowMarksItselfAsTheActiveOne) {
+    studio.shell.Form2Active = true;
+    engine.tutorial.Form_Activate();
+    EXPECT_TRUE(studio.shell.WizActive);
+    EXPECT_FALSE(studio.shell.Form2Active);
+}
+
+TEST_F(TutorialTest, AStepBeginsInTheProgramsFolder) {
+    setTips(false);
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
+    engine.tutorial.click(0, 2);
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), folder.path()));
+}
+
+TEST_F(TutorialTest, WithoutASampleFolderAStepPassesOn) {
+    setTips(false);
+    std::filesystem::remove_all(outside.directories.media());
+    ASSERT_TRUE(engine.fileOperations.WriteBytesFile(outside.directories.media().string(), "in the way"));
+    engine.tutorial.click(0, 1);
+    EXPECT_EQ(cells(0, 3), (std::vector{-1, -1, -1, -1}));
+    EXPECT_EQ(studio.tracks.CurrentTrack, 0);
+}
+
+}  // namespace
+}  // namespace melvane::test
