@@ -59,8 +59,8 @@ TEST_F(QtProgramTest, PreparingMakesTheWindowsOfAPlaybackAndShowsNone) {
     const auto stored = store.all();
     int turns = 0;
     while (program->prepareWindow()) ++turns;
-    EXPECT_EQ(turns, 4);
-    for (const char* const name : {"Form2", "Form3", "Form5", "Help"}) {
+    EXPECT_EQ(turns, 5);
+    for (const char* const name : {"Form2", "Form3", "Form5", "Wiz", "Help"}) {
         EXPECT_EQ(windowsNamed(name), 1) << name;
         EXPECT_FALSE(isShown(name)) << name;
     }
@@ -68,6 +68,7 @@ TEST_F(QtProgramTest, PreparingMakesTheWindowsOfAPlaybackAndShowsNone) {
     EXPECT_EQ(store.all(), stored);
     EXPECT_FALSE(program->studio().shell.Form3Open);
     EXPECT_FALSE(program->studio().shell.Form2Open);
+    EXPECT_FALSE(program->studio().shell.WizardOpen);
     EXPECT_FALSE(program->studio().Form5.loaded);
     EXPECT_EQ(windowsNamed("frmsynth"), 0);
 }
