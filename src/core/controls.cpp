@@ -60,6 +60,8 @@ bool PictureControl::userPut(const Value& value) { return press(value); }
 
 bool EntryControl::userPut(const Value& value) { return press(value); }
 
+bool ButtonControl::userPut(const Value& value) { return press(value); }
+
 std::string ListControl::text() const {
     return index_ >= 0 ? items_[static_cast<std::size_t>(index_)] : std::string();
 }

@@ -132,6 +132,20 @@ class EntryControl : public Control {
     std::string caption_;
 };
 
+/// A push button, which shows its caption; a press runs the handler.
+class ButtonControl : public Control {
+ public:
+    explicit ButtonControl(std::string caption) : caption_(std::move(caption)) {}
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption) { store(caption_, std::move(caption)); }
+    Value shown() const override { return caption_; }
+    /// 1 presses it.
+    bool userPut(const Value& value) override;
+
+ private:
+    std::string caption_;
+};
+
 /// A list or drop-down. Only the user's choice runs the handler.
 class ListControl : public Control {
  public:

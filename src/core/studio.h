@@ -13,6 +13,8 @@
 #include "core/midi_export_state.h"
 #include "core/note_names.h"
 #include "core/numbers.h"
+#include "core/record_controls.h"
+#include "core/recorder.h"
 #include "core/track_array.h"
 #include "core/track_colours.h"
 #include "core/tutorial_controls.h"
@@ -221,6 +223,7 @@ struct Studio {
     Playback player;
     MidiExportState midiExport;
     Keyboard keyboard;
+    Recorder recorder;
     Shell shell;
     MainControls form1;
     EditingControls Form2;
@@ -231,6 +234,8 @@ struct Studio {
     KeyboardControls frmsynth;
     WizardControls Wiz;
     TipControls frminfo;
+    RecordControls Record;
+    LogControls frmLog;
 
     /// Whether the Setup toolbar's switch hides `track`; a track without a switch is not hidden.
     bool isHidden(int track) const {

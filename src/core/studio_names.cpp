@@ -1,6 +1,7 @@
 #include "core/studio_names.h"
 
 #include "core/keyboard_names.h"
+#include "core/recorder_names.h"
 
 namespace melvane {
 
@@ -333,6 +334,7 @@ void listStudio(NameTables& tables, Studio& studio) {
     tables.state.add("SetupChannel", studio.Form3.SetupChannel);
     listMain(tables.controls, studio.form1);
     listKeyboard(tables, studio);
+    listRecorder(tables, studio);
     listEditingControls(tables, studio.Form2);
     listSetup(tables.controls, studio.Form3);
     listTestPanel(tables.controls, studio.Form5);

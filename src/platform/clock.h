@@ -15,6 +15,8 @@ class Clock {
     virtual std::int64_t frequency() const = 0;
     /// Whole milliseconds since an arbitrary start.
     virtual std::int64_t tickCount() const = 0;
+    /// Whole seconds since midnight on the user's clock, 0 to 86399; of a clock that has no day, since its start.
+    virtual int secondOfDay() const;
 };
 
 /// The machine's monotonic clock, in nanoseconds.
@@ -23,6 +25,7 @@ class SteadyClock final : public Clock {
     std::int64_t counter() const override;
     std::int64_t frequency() const override { return 1'000'000'000; }
     std::int64_t tickCount() const override { return counter() / 1'000'000; }
+    int secondOfDay() const override;
 };
 
 }  // namespace melvane

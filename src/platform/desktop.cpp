@@ -1,0 +1,63 @@
+#include "platform/desktop.h"
+
+#include <array>
+#include <thread>
+
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include "platform/text.h"
+
+extern char** environ;  // NOLINT: the system's own
+
+namespace melvane {
+
+namespace {
+
+using Words = std::array<const char*, 3>;
+
+// Those of sound servers first, then those of desktops.
+constexpr std::array<Words, 8> mixers{{{"pavucontrol"},
+                                       {"pavucontrol-qt"},
+                                       {"plasma-open-settings", "kcm_pulseaudio"},
+                                       {"gnome-control-center", "sound"},
+                                       {"mate-volume-control"},
+                                       {"kmix"},
+                                       {"qasmixer"},
+                                       {"alsamixergui"}}};
+
+/// Starts a program by its name, without waiting for its end.
+bool start(const Words& words) {
+    std::array<char*, words.size() + 1> arguments{};
+    for (std::size_t at = 0; at < words.size(); ++at) arguments[at] = const_cast<char*>(words[at]);
+    pid_t child = 0;
+    if (posix_spawnp(&child, words[0], nullptr, nullptr, arguments.data(), environ) != 0) return false;
+    std::thread([child] { waitpid(child, nullptr, 0); }).detach();
+    return true;
+}
+
+std::string entryName(const std::string& section, const std::string& key) {
+    return lowerCase(section) + "]" + lowerCase(key);
+}
+
+}  // namespace
+
+std::string DesktopWithoutEntries::readEntry(const std::string& section, const std::string& key,
+                                             const std::string& otherwise) const {
+    const auto found = entries_.find(entryName(section, key));
+    return found == entries_.end() ? otherwise : found->second;
+}
+
+void DesktopWithoutEntries::writeEntry(const std::string& section, const std::string& key,
+                                       const std::string& value) {
+    entries_[entryName(section, key)] = value;
+}
+
+bool SystemDesktop::openMixer() {
+    for (const Words& words : mixers) {
+        if (start(words)) return true;
+    }
+    return false;
+}
+
+}  // namespace melvane
