@@ -112,6 +112,7 @@ class Stage {
     QtEventLoop loop{clock};
     FirstMessagePort port;
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore store;
     NoDialogs dialogs;
     Studio studio;
@@ -121,6 +122,7 @@ class Stage {
                     loop,
                     port,
                     media,
+                    desktop,
                     store,
                     dialogs,
                     Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};

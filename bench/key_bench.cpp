@@ -42,13 +42,14 @@ struct Instrument {
     VirtualTime time;
     StampingPort port;
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore store;
     NullDialogs dialogs;
     NullSurfaces surfaces;
     NullFrame frame;
     NullToolWindows toolWindows;
     Studio studio;
-    Outside outside{time, time, port, media, store, dialogs, Directories{"/dev/null", "/dev/null"}};
+    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{"/dev/null", "/dev/null"}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

@@ -16,6 +16,7 @@ KeyboardStage::KeyboardStage()
               loop,
               port,
               media,
+              desktop,
               store,
               dialogs,
               Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}},

@@ -64,6 +64,7 @@ class KeyboardStage {
     SteadyClock clock;
     QtEventLoop loop{clock};
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore store;
     NoDialogs dialogs;
     form1 window{studio};

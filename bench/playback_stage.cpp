@@ -70,6 +70,7 @@ Stage::Stage()
               loop,
               port,
               media,
+              desktop,
               store,
               dialogs,
               Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}},

@@ -85,6 +85,7 @@ class Stage {
     QtEventLoop loop{clock};
     ColumnPort port;
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore store;
     NoDialogs dialogs;
     Outside outside;

@@ -50,7 +50,8 @@ int runStudio(const CommandLine& line) {
     QtDialogs dialogs(loop);
     QtSingleInstance instance;
     SoundSystem sound(clock);
-    Outside outside{clock, loop, sound.port(), sound.media(), settings, dialogs, ownDirectories()};
+    SystemDesktop desktop;
+    Outside outside{clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, ownDirectories()};
     Program program(outside);
     program.engine().startUp.anotherInstanceRuns = [&instance] { return instance.anotherRuns(); };
     if (!program.mayStart()) return 0;

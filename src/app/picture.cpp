@@ -60,8 +60,9 @@ int savePicture(const CommandLine& line) {
     QtDialogs dialogs(loop);
     MemorySettingsStore settings;
     SilentSystem sound(clock);
+    BareDesktop desktop;
     Outside outside{
-        clock, loop, sound.port(), sound.media(), settings, dialogs, {folder.path().toStdString(), {}}};
+        clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, {folder.path().toStdString(), {}}};
     Program program(outside);
     program.start();
     if (!line.score.empty()) program.openScore(line.score);

@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "platform/text.h"
+#include "recorder/log_window.h"
+#include "recorder/record_window.h"
 #include "shell/editing_toolbar_window.h"
 #include "shell/note_test_window.h"
 #include "shell/setup_toolbar_window.h"
@@ -77,6 +79,16 @@ void Program::listWindows() {
         return toolbar;
     });
     listTutorial();
+    toolWindows_.list(ToolWindows::Window::recorder, "Record", [this] {
+        auto* const recorder = new Record(studio_, engine_.recorder, &window_);
+        joinFrame(*recorder);
+        return recorder;
+    });
+    toolWindows_.list({}, "frmLog", [this] {
+        auto* const log = new frmLog(studio_, engine_.recorder.window, &window_);
+        joinFrame(*log);
+        return log;
+    });
     toolWindows_.list({}, "frmsynth", [this] { return makeKeyboard(); });
 }
 

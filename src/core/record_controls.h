@@ -24,21 +24,21 @@ struct RecordControls {
     ButtonControl CmdrecordSNG{"Start Recording"}, CmdStopRecording{"Stop Recording"},
         Command20{"Encode File"};  ///< its caption says whether an encoding runs
     ButtonControl CmdLog{"Show Log"}, Command1{"Volume Control"};
-    ListControl cbxFormat;     ///< "WAV Recording Format"
-    CheckControl Check4{true}; ///< "Show Note position"
+    ListControl cbxFormat;      ///< "WAV Recording Format"
+    CheckControl Check4{true};  ///< "Show Note position"
 
     // how it is encoded
-    CheckControl Check2{true};     ///< "Auto-Encode to MP3"
-    CheckControl Check3{true};     ///< "Delete WAV file"
-    ListControl Combo3, Combo4;    ///< "MP3 Quality", "MP3 Bitrate"
+    CheckControl Check2{true};   ///< "Auto-Encode to MP3"
+    CheckControl Check3{true};   ///< "Delete WAV file"
+    ListControl Combo3, Combo4;  ///< "MP3 Quality", "MP3 Bitrate"
 
-    TextControl Text6;                    ///< the file in hand
-    TextControl InputPath{"TEMP.WAV"};    ///< of the recording; hidden
-    TextControl OutPutPath{"TEMP.MP3"};   ///< of its encoding; hidden
-    TextControl Erbox;                    ///< one line of status
-    TextControl Label8{"Stopped"};        ///< the state in a word
-    TextControl Status;                   ///< how much is done
-    TextControl Text2;                    ///< the log; hidden
+    TextControl Text6;                   ///< the file in hand
+    TextControl InputPath{"TEMP.WAV"};   ///< of the recording; hidden
+    TextControl OutPutPath{"TEMP.MP3"};  ///< of its encoding; hidden
+    TextControl Erbox;                   ///< one line of status
+    TextControl Label8{"Stopped"};       ///< the state in a word
+    TextControl Status;                  ///< how much is done
+    TextControl Text2;                   ///< the log; hidden
 
     // the player
     std::array<PictureControl, buttons> Cmd2, ImgR;  ///< flat buttons, and the pictures over them

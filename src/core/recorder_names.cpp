@@ -26,11 +26,10 @@ void listState(StateTable& table, Recorder& recorder) {
 }
 
 void listWidth(StateTable& table, const std::string& name, const AreaControl& area) {
-    table.add({std::string(window) + "." + name + ".Width", 0,
-               [&area](StateTable::Indices) {
-                   return std::optional<Value>(static_cast<long long>(area.width()));
-               },
-               [](StateTable::Indices, const Value&) { return false; }});
+    table.add(
+        {std::string(window) + "." + name + ".Width", 0,
+         [&area](StateTable::Indices) { return std::optional<Value>(static_cast<long long>(area.width())); },
+         [](StateTable::Indices, const Value&) { return false; }});
 }
 
 void listRecording(ControlTable& table, RecordControls& Record) {

@@ -69,9 +69,13 @@ void MidiOutput::openAtActivation() {
 }
 
 bool MidiOutput::openStored() {
+    CloseMidi();
+    return openClosed();
+}
+
+bool MidiOutput::openClosed() {
     auto& device = studio_.sounds.MidiDeviceId;
     settings_.read("Devices", std::int32_t{mapperDevice}, device);
-    CloseMidi();
     return open(device) == MidiPort::ok;
 }
 

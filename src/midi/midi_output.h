@@ -31,6 +31,8 @@ class MidiOutput {
     void openAtActivation();
     /// Closes the output and opens the stored device, without a stored one the mapper. Whether it opened.
     bool openStored();
+    /// The same on an output that is closed already.
+    bool openClosed();
     /// After a failure: the device behind it.
     bool openNext();
     /// "MIDI Mapper", then the name of each device: the list index of device id n is n + 1.

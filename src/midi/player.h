@@ -54,7 +54,7 @@ class Player {
 
     void listNames(NameTables& tables);
 
-    PlaybackRecorder* recorder = nullptr;  ///< set while a recorder is open
+    PlaybackRecorder* recorder = nullptr;  ///< where there is one; its progress is shown while it is open
 
  private:
     enum class Entry { song, selection };

@@ -15,7 +15,8 @@ class Clock {
     virtual std::int64_t frequency() const = 0;
     /// Whole milliseconds since an arbitrary start.
     virtual std::int64_t tickCount() const = 0;
-    /// Whole seconds since midnight on the user's clock, 0 to 86399; of a clock that has no day, since its start.
+    /// Whole seconds since midnight on the user's clock, 0 to 86399; of a clock that has no day, since its
+    /// start.
     virtual int secondOfDay() const;
 };
 

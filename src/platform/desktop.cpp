@@ -14,7 +14,8 @@ namespace melvane {
 
 namespace {
 
-using Words = std::array<const char*, 3>;
+constexpr std::size_t mostWords = 2;
+using Words = std::array<const char*, mostWords>;
 
 // Those of sound servers first, then those of desktops.
 constexpr std::array<Words, 8> mixers{{{"pavucontrol"},
@@ -28,7 +29,7 @@ constexpr std::array<Words, 8> mixers{{{"pavucontrol"},
 
 /// Starts a program by its name, without waiting for its end.
 bool start(const Words& words) {
-    std::array<char*, words.size() + 1> arguments{};
+    std::array<char*, mostWords + 1> arguments{};
     for (std::size_t at = 0; at < words.size(); ++at) arguments[at] = const_cast<char*>(words[at]);
     pid_t child = 0;
     if (posix_spawnp(&child, words[0], nullptr, nullptr, arguments.data(), environ) != 0) return false;

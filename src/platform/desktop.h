@@ -16,8 +16,8 @@ class Desktop {
     /// The files that must lie beside the program before it can encode; none where the encoder is part of it.
     virtual std::vector<std::string_view> encoderFiles() const = 0;
 
-    /// An entry of the system's table of media drivers: `section` and `key` without regard to case; `otherwise`
-    /// when there is none.
+    /// An entry of the system's table of media drivers: `section` and `key` without regard to case;
+    /// `otherwise` when there is none.
     virtual std::string readEntry(const std::string& section, const std::string& key,
                                   const std::string& otherwise) const = 0;
     virtual void writeEntry(const std::string& section, const std::string& key, const std::string& value) = 0;

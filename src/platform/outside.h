@@ -2,6 +2,7 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/event_loop.h"
@@ -17,6 +18,7 @@ struct Outside {
     EventLoop& loop;
     MidiPort& port;
     MediaDevice& media;
+    Desktop& desktop;
     SettingsStore& settings;
     Dialogs& dialogs;
     Directories directories;

@@ -20,9 +20,9 @@ class MciCommands {
     MciCommands(MediaDevice& device, Desktop& desktop) : device_(device), desktop_(desktop) {}
 
     static constexpr const char* success = "Success";
-    static constexpr const char* player = "audiomp3";         ///< alias of the file that is played
-    static constexpr const char* playerType = "MPEGVideo";    ///< its device type
-    static constexpr std::int64_t none = -1;                  ///< a number that the device did not give
+    static constexpr const char* player = "audiomp3";       ///< alias of the file that is played
+    static constexpr const char* playerType = "MPEGVideo";  ///< its device type
+    static constexpr std::int64_t none = -1;                ///< a number that the device did not give
 
     // Files
     /// Any file that the device takes, as a child of the window with that handle.

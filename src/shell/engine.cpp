@@ -1,6 +1,7 @@
 #include "shell/engine.h"
 
 #include "core/studio_names.h"
+#include "shell/editing_pictures.h"
 
 namespace melvane {
 
@@ -46,6 +47,8 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
                         outside.directories, picker, stopWatches, frame}),
       tutorial(studio, {settings, fileOperations, frame, toolWindows, outside.clock, outside.loop,
                         outside.directories, tables}),
+      recorder(studio, {settings, output, panic, player, files, frame, toolWindows, outside.media,
+                        outside.desktop, outside.dialogs, outside.clock, outside.loop, outside.directories}),
       surfaces_(surfaces) {
     connectControls();
     listNames();
@@ -66,6 +69,10 @@ void Engine::connectControls() {
     main.CmdInst.acted = [this] { noteInstrument.Text5_DblClick(); };
     main.Combo5.acted = [this] { instruments.Combo5_Click(); };
     keyboard.window.showedComposer = [this] { startUp.showScoreTools(); };
+    keyboard.window.openRecorder = [this] { recorder.openForKeyboard(); };
+    recorder.buttons.setToolWindows = [this](bool shown) { toolbar.setToolWindows(shown); };
+    recorder.run.showPlayingPosition = [this] { showPlayingPosition(studio); };
+    recorder.window.showPlayingPosition = recorder.run.showPlayingPosition;
     files.MidiFile = [this] { midiExport.MidiFile(); };
 }
 
@@ -122,6 +129,7 @@ void Engine::listNames() {
     editing.listNames(tables);
     keyboard.listNames(tables);
     tutorial.listNames(tables);
+    recorder.listNames(tables);
 }
 
 }  // namespace melvane

@@ -25,6 +25,7 @@
 #include "midi/sounding.h"
 #include "midi/stop_watch.h"
 #include "platform/outside.h"
+#include "recorder/recorder_commands.h"
 #include "shell/editing_toolbar_commands.h"
 #include "shell/instrument_picker.h"
 #include "shell/main_toolbar_commands.h"
@@ -80,6 +81,7 @@ class Engine {
     EditingToolbarCommands editing;
     KeyboardCommands keyboard;
     Tutorial tutorial;
+    RecorderCommands recorder;
     NameTables tables;
 
  private:

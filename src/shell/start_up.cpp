@@ -60,7 +60,10 @@ void StartUp::readSettings() {
 
 void StartUp::makeSongsFolder() {
     std::error_code error;
-    std::filesystem::create_directories(outside_.directories.songs(), error);
+    const auto songs = outside_.directories.songs();
+    std::filesystem::create_directories(songs, error);
+    auto& recorder = studio_.recorder;
+    recorder.SongsDir = recorder.OpenFolder = recorder.SaveFolder = recorder.AudioFolder = songs.string();
 }
 
 void StartUp::setFirstTrack() {

@@ -1,35 +1,14 @@
 #pragma once
-#include <QFrame>
-#include <initializer_list>
-
 #include "synth/keyboard_sliders.h"
+#include "ui/panel_group_panel.h"
 
-class QBoxLayout;
-class QCheckBox;
 class QPushButton;
-class QRadioButton;
-class QVBoxLayout;
 
 /// What the pages of the keyboard window are put together from.
 namespace melvane {
 
-/// A group of controls under a heading, on a ground of its own.
-class KeyboardGroup : public QFrame {
-    Q_OBJECT
+using KeyboardGroup = PanelGroup;
 
- public:
-    KeyboardGroup(const char* heading, QWidget* parent);
-    QVBoxLayout& rows() { return *rows_; }
-    /// A row of widgets from the left.
-    void addRow(std::initializer_list<QWidget*> widgets);
-
- private:
-    QVBoxLayout* rows_;
-};
-
-QCheckBox* makeTick(const char* name, const char* text, const char* tip, CheckControl& tick, QWidget* parent);
-QRadioButton* makeOption(const QString& name, const QString& text, const QString& tip, CheckControl& option,
-                         QWidget* parent);
 /// A button that stays down.
 QPushButton* makeToggle(const char* name, const char* text, const char* tip, CheckControl& toggle,
                         QWidget* parent);

@@ -11,10 +11,10 @@
 namespace melvane {
 
 FlatButton::FlatButton(int index, PictureControl& button, PictureControl& picture, const QString& spoken,
-                       QWidget* parent)
+                       QWidget* parent, const char* pictures)
     : QWidget(parent),
       index_(index),
-      picture_(make("ImgPic", picture, spoken)),
+      picture_(make(pictures, picture, spoken)),
       button_(make("Cmd2", button, spoken)) {
     setFixedSize(side, side);
     // A little above the middle.

@@ -97,6 +97,12 @@ void bind(QAbstractButton& button, CheckControl& check) {
                      [&check](bool on) { check.userPut(Value(on)); });
 }
 
+void bind(QAbstractButton& button, ButtonControl& control) {
+    bindShown(button, control, [&] { button.setText(QString::fromStdString(control.caption())); });
+    QObject::connect(&button, &QAbstractButton::clicked, &button,
+                     [&control] { control.userPut(Value(1LL)); });
+}
+
 void bind(QComboBox& list, ListControl& entries) {
     bindShown(list, entries, [&] {
         fillList(list, entries);

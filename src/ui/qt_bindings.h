@@ -17,6 +17,7 @@ namespace melvane {
 void bind(QLabel& label, TextControl& text);
 void bind(QLineEdit& field, TextControl& text);
 void bind(QAbstractButton& button, CheckControl& check);
+void bind(QAbstractButton& button, ButtonControl& control);
 void bind(QComboBox& list, ListControl& entries);
 void bind(QScrollBar& bar, ScrollControl& scroll);
 

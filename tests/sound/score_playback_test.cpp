@@ -92,9 +92,10 @@ class ScorePlayback : public testing::Test {
     NoSystemPorts system;
     MidiDevices port{synthesizer, system};
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore settings;
     QtDialogs dialogs{loop};
-    Outside outside{clock, loop, port, media, settings, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{clock, loop, port, media, desktop, settings, dialogs, Directories{folder.path(), folder.path()}};
 };
 
 TEST_F(ScorePlayback, EveryNoteIsHeardInItsTimeAndAtItsPitch) {

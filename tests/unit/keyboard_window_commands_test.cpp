@@ -169,6 +169,7 @@ TEST_F(KeyboardWindowCommandsTest, APlaceThatDoesNotFitIsNotStored) {
 TEST_F(KeyboardWindowCommandsTest, ItsButtonsReachHelpAndRecorder) {
     int helps = 0, recorders = 0;
     synth().window.showHelp = [&] { ++helps; };
+    synth().window.openRecorder = nullptr;
     load();
     EXPECT_FALSE(window().Cmd2[5].enabled());
     synth().window.Cmd2_Click(5);

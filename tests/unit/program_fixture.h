@@ -146,13 +146,14 @@ class ProgramTest : public testing::Test {
     VirtualTime time;
     RecordingMidiPort port{time};
     RecordingMediaDevice media{time};
+    BareDesktop desktop;
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
     RecordingSurfaces surfaces;
     PlainFrame frame;
     RecordingToolWindows toolWindows;
     Studio studio;
-    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

@@ -47,9 +47,10 @@ class QtProgramTest : public testing::Test {
     VirtualTime time;
     RecordingMidiPort port{time};
     RecordingMediaDevice media{time};
+    BareDesktop desktop;
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
-    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), folder.path()}};
     std::unique_ptr<Program> program = std::make_unique<Program>(outside);
 };
 

@@ -65,12 +65,13 @@ class MainWindowTest : public testing::Test {
     VirtualTime time;
     RecordingMidiPort port{time};
     RecordingMediaDevice media{time};
+    BareDesktop desktop;
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{time, time, port, media, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
 };
 

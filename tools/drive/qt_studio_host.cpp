@@ -39,6 +39,7 @@ StudioHost::StudioHost(ScriptedWorld& world, const std::filesystem::path& resour
                world.time,
                world.port,
                world.media,
+               world.desktop,
                world.settings,
                world.dialogs,
                {world.program, resources}},

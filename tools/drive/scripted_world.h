@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "drive/scripted_menus.h"
+#include "platform/desktop.h"
 #include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
@@ -21,6 +22,7 @@ struct ScriptedWorld {
     VirtualTime time;
     RecordingMidiPort port{time};
     RecordingMediaDevice media{time};
+    BareDesktop desktop;
     ScriptedDialogs dialogs{time};
     ScriptedMenus menus;
     MemorySettingsStore settings;

@@ -24,6 +24,7 @@ class RenderStudio {
     VirtualTime& time;
     MidiPort& port;
     NoMediaDevice media;
+    BareDesktop desktop;
     MemorySettingsStore settings;
     NullDialogs dialogs;
     NullSurfaces surfaces;
@@ -31,7 +32,7 @@ class RenderStudio {
     NullToolWindows toolWindows;
     Studio studio;
     // No folder can be made below a device.
-    Outside outside{time, time, port, media, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
+    Outside outside{time, time, port, media, desktop, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

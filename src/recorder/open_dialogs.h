@@ -1,0 +1,35 @@
+#pragma once
+#include "files/score_files.h"
+#include "midi/midi_output.h"
+#include "recorder/mci_commands.h"
+
+namespace melvane {
+
+/// The dialogs that put a file into the recorder's hand. What the media device has open is closed first.
+class OpenDialogs {
+ public:
+    struct Parts {
+        MciCommands& mci;
+        ScoreFiles& files;
+        MidiOutput& output;
+        Dialogs& dialogs;
+    };
+    OpenDialogs(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
+
+    /// "Open File": a score goes onto the tablet and becomes the source; any other file is one to play.
+    void openFile();
+    /// "Open MIDI File".
+    void openMidiFile();
+    /// The general dialog as the tutorial uses it: a score is opened once more, in the short form.
+    void C4_Click();
+
+    void listNames(NameTables& tables);
+
+ private:
+    bool choose(const char* title, const char* filter);
+
+    Studio& studio_;
+    Parts parts_;
+};
+
+}  // namespace melvane

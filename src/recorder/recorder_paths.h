@@ -1,0 +1,21 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+/// Names of files as the recorder handles them.
+namespace melvane {
+
+/// The file's name without its folder.
+std::string fileNameOf(const std::string& path);
+/// The ending with its dot, as it is written; empty without one.
+std::string endingOf(const std::string& path);
+/// `path` with `ending` (with its dot) in place of its own, or behind it when it has none.
+std::string withOtherEnding(const std::string& path, std::string_view ending);
+/// Whether both name the same file, which need not exist.
+bool isSamePath(const std::string& path, const std::string& other);
+/// Quietly.
+void removeFile(const std::string& path);
+/// Moves it over a border between file systems too. Whether it is there.
+bool moveFile(const std::string& from, const std::string& to);
+
+}  // namespace melvane

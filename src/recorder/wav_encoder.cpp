@@ -1,0 +1,94 @@
+#include "recorder/wav_encoder.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+
+namespace melvane {
+
+namespace {
+
+constexpr std::size_t headerSize = 44, sampleSize = 2;  // bytes
+
+}  // namespace
+
+/// One encoding, with what it holds on to.
+struct WavEncoder::Job {
+    explicit Job(EncoderStreams& streamsToUse) : streams(streamsToUse) {}
+    ~Job() { streams.beCloseStream(handle); }
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+
+    /// Blocks for a chunk and for what becomes of it.
+    void makeRoom() {
+        samples.assign(sizes.samples, 0);
+        output.assign(sizes.outputBytes, 0);
+    }
+    std::span<unsigned char> input(std::size_t bytes) {
+        return {reinterpret_cast<unsigned char*>(samples.data()),
+                std::min(bytes, samples.size() * sampleSize)};
+    }
+
+    void write(std::uint32_t bytes) const {
+        if (bytes > 0) writing.WriteBytes(std::span(output).first(bytes));
+    }
+    /// What the encoder still holds.
+    void flush() {
+        std::uint32_t written = 0;
+        streams.beDeinitStream(handle, output, written);
+        write(written);
+    }
+
+    EncoderStreams& streams;
+    EncoderStreams::Sizes sizes;
+    std::uint32_t handle = 0;
+    std::vector<std::int16_t> samples;
+    std::vector<unsigned char> output;
+    clsFileIo reading, writing;
+};
+
+std::string WavEncoder::progressText(double done, double total) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%05.2f%%", done / total * 100);
+    return text.data();
+}
+
+WavEncoder::Result WavEncoder::encode(const std::string& source, const std::string& target,
+                                      const BE_CONFIG& config) {
+    Job job(streams_);
+    const EncoderError refused = streams_.beInitStream(config, job.sizes, job.handle);
+    if (refused != EncoderError::none) return {false, refused};
+    std::error_code failed;
+    const auto total = std::filesystem::file_size(source, failed);
+    if (failed || std::filesystem::exists(target, failed)) return {};
+    job.reading.OpenFile(source);
+    job.writing.OpenFile(target);
+    job.makeRoom();
+    job.reading.ReadBytes(job.input(headerSize));
+    const EncoderError error = encodeChunks(job, total);
+    if (error != EncoderError::none) return {false, error};
+    job.flush();
+    return {true, error};
+}
+
+EncoderError WavEncoder::encodeChunks(Job& job, std::uint64_t total) {
+    for (std::uint64_t done = 0; done < total;) {
+        const auto bytes = std::min<std::uint64_t>(job.samples.size() * sampleSize, total - done);
+        job.reading.ReadBytes(job.input(bytes));
+        done += bytes;
+        std::uint32_t written = 0;
+        const auto error = streams_.beEncodeChunk(
+            job.handle, std::span(job.samples).first(bytes / sampleSize), job.output, written);
+        if (error != EncoderError::none) return error;
+        job.write(written);
+        studio_.Record.Status.set(progressText(static_cast<double>(done), static_cast<double>(total)));
+        if (isCancelled()) break;
+        loop_.runQueue();
+    }
+    return EncoderError::none;
+}
+
+bool WavEncoder::isCancelled() const { return studio_.recorder.EncodeCancel || loop_.ended(); }
+
+}  // namespace melvane

@@ -1,0 +1,41 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "core/studio.h"
+#include "platform/event_loop.h"
+#include "platform/raw_file.h"
+#include "recorder/encoder_streams.h"
+
+namespace melvane {
+
+/// Encodes one file chunk by chunk into another, serving events after each chunk; EncodeCancel ends it early,
+/// and what was made up to then is a whole stream. The first 44 bytes of the source are taken for a header
+/// and the rest for 16-bit samples, whatever it is. As many bytes are encoded as the source has with its
+/// header, so the last chunk ends in what the block held before.
+class WavEncoder {
+ public:
+    WavEncoder(Studio& studio, EventLoop& loop) : studio_(studio), loop_(loop) {}
+
+    struct Result {
+        bool isWhole = false;                     ///< the stream was closed as it should be, cancelled or not
+        EncoderError error = EncoderError::none;  ///< of the encoder, which ended it
+    };
+    /// A target that exists is left alone. After an error it stays as far as it was written. What the files
+    /// refuse is not looked at.
+    Result encode(const std::string& source, const std::string& target, const BE_CONFIG& config);
+
+    /// "42.70%".
+    static std::string progressText(double done, double total);
+
+ private:
+    struct Job;
+    EncoderError encodeChunks(Job& job, std::uint64_t total);
+    bool isCancelled() const;
+
+    Studio& studio_;
+    EventLoop& loop_;
+    EncoderStreams streams_;
+};
+
+}  // namespace melvane

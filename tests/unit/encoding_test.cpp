@@ -1,0 +1,213 @@
+#include "recorder/encoding.h"
+
+#include "encoding_fixture.h"
+
+namespace melvane::test {
+namespace {
+
+// The button
+
+TEST_F(EncodingTest, OnlyAWaveFileThatExistsIsEncoded) {
+    for (const auto& file : {std::string(), folder.file("none.wav"), write("a.mp3", "x")}) {
+        encode(file);
+        EXPECT_EQ(erbox(), "The Source file is not a Wave file, or does not exist.");
+        EXPECT_EQ(window().Command20.caption(), "Encode File");
+        EXPECT_EQ(window().Text6.text(), file);
+    }
+}
+
+TEST_F(EncodingTest, BlanksAroundTheNameDoNotCount) {
+    const std::string wav = tone("a.wav", 2000);
+    encode("  " + wav + " ");
+    EXPECT_TRUE(exists(folder.file("a.mp3")));
+    EXPECT_EQ(window().InputPath.text(), wav);
+}
+
+TEST_F(EncodingTest, BothLibraryFilesMustLieBesideTheProgram) {
+    const std::string wav = tone("a.wav", 2000);
+    std::filesystem::remove(folder.file("lame_enc.dll"));
+    encode(wav);
+    EXPECT_EQ(erbox(), "Encoding library \"lame_enc.dll\" is not found...can't encode.");
+    std::filesystem::remove(folder.file("akrip32.dll"));
+    press();
+    EXPECT_EQ(erbox(), "One of the encoding library files was not found...can't encode.");
+    EXPECT_TRUE(window().Command20.enabled());
+    EXPECT_FALSE(exists(folder.file("a.mp3")));
+}
+
+TEST_F(EncodingTest, WhereTheEncoderIsLinkedNoFileIsAskedFor) {
+    EXPECT_TRUE(SystemDesktop().encoderFiles().empty());
+}
+
+TEST_F(EncodingTest, TheWindowShowsTheProgress) {
+    Lines states;
+    atTurn([&](int turn) {
+        if (turn <= 2) {
+            states.push_back(window().Status.text() + " " + window().Label8.text() + " " +
+                             window().Command20.caption() + std::to_string(window().Command20.enabled()) +
+                             std::to_string(window().CmdStopRecording.enabled()) +
+                             std::to_string(window().CmdrecordSNG.enabled()) + " " + erbox());
+        }
+    });
+    encode(tone("a.wav", 4586));  // with the header 9216 bytes: four chunks
+    EXPECT_EQ(states, (Lines{"25.00% Encoding Stop Encoding100 Encoding in progress",
+                             "50.00% Encoding Stop Encoding100 Encoding in progress"}));
+    EXPECT_EQ(window().Status.text() + window().Label8.text(), "");
+    EXPECT_EQ(window().Command20.caption(), "Encode File");
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+    EXPECT_EQ(WavEncoder::progressText(1, 1), "100.00%");
+    EXPECT_EQ(WavEncoder::progressText(1, 30), "03.33%");
+}
+
+TEST_F(EncodingTest, AnEncodingStoppedHalfWayLeavesHalfAnMp3AndWithTheTickNoWave) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 40);
+    std::string told;
+    atTurn([&](int turn) {
+        if (turn != 20) return;
+        press();
+        told = window().Command20.caption() + std::to_string(window().CmdrecordSNG.enabled()) +
+               window().Status.text();
+    });
+    encode(wav);
+    EXPECT_EQ(told, "Encode File1");
+    EXPECT_EQ(erbox(), "Finished Encoding " + wav);
+    EXPECT_FALSE(exists(wav));
+    EXPECT_NEAR(static_cast<double>(decode(folder.file("a.mp3")).frames), 21 * 1152, 3 * 1152);
+    EXPECT_EQ(window().Status.text(), "");
+}
+
+TEST_F(EncodingTest, APressAfterTheCancellingWaitsForItsEnd) {
+    const std::string wav = tone("a.wav", 1152 * 10);
+    atTurn([&](int turn) {
+        if (turn != 2) return;
+        press();
+        press();
+        EXPECT_EQ(window().Command20.caption(), "Encode File");
+    });
+    encode(wav);
+    EXPECT_TRUE(dialogs.takeBoxes().empty());
+    EXPECT_LT(decode(folder.file("a.mp3")).frames, 6U * 1152U);
+}
+
+TEST_F(EncodingTest, TheTickDeletesTheWaveAfterwards) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 2000);
+    encode(wav);
+    EXPECT_FALSE(exists(wav));
+    EXPECT_TRUE(exists(folder.file("a.mp3")));
+}
+
+TEST_F(EncodingTest, TheWindowMayCloseInTheMiddle) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 40);
+    atTurn([&](int turn) {
+        if (turn == 5) recorder().window.Form_Unload();
+    });
+    encode(wav);
+    EXPECT_TRUE(exists(wav));
+    EXPECT_LT(decode(folder.file("a.mp3")).frames, 10U * 1152U);
+}
+
+TEST_F(EncodingTest, TheProgramMayEndInTheMiddle) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 40);
+    atTurn([&](int turn) {
+        if (turn == 5) engine.startUp.Form_Unload();
+    });
+    encode(wav);
+    EXPECT_TRUE(exists(wav));
+}
+
+// The target
+
+TEST_F(EncodingTest, AnExistingTargetIsReplacedOnYes) {
+    const std::string target = write("a.mp3", "old");
+    encode(tone("a.wav", 2000));
+    EXPECT_EQ(dialogs.takeBoxes(), (Lines{"box question \"Melvane\" \"" + target +
+                                          " already exists. Do you want to replace the file?\""}));
+    EXPECT_GT(std::filesystem::file_size(target), 100U);
+}
+
+TEST_F(EncodingTest, AFailedEncodingLeavesNeitherFile) {
+    window().Check3.set(true);
+    const std::string target = write("a.mp3", "old"), wav = tone("a.wav", 2000);
+    window().cbxFormat.set(-1);  // no rate
+    encode(wav);
+    EXPECT_FALSE(exists(target));
+    EXPECT_FALSE(exists(wav));
+    EXPECT_EQ(erbox(), "Encoding in progress");
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
+TEST_F(EncodingTest, OnNoAnotherNameIsAskedFor) {
+    const std::string target = write("a.mp3", "old"), other = write("b.mp3", "older");
+    dialogs.queueAnswer(BoxAnswer::no);
+    dialogs.queueChoice({other, 1});
+    encode(tone("a.wav", 2000));
+    EXPECT_EQ(dialogs.takeFileDialogs(),
+              (Lines{"dialog save \"Save As\" \"MP3 (*.mp3)|*.mp3\" \"audio.mp3\""}));
+    EXPECT_EQ(read(target), "old");
+    EXPECT_GT(std::filesystem::file_size(other), 100U);
+    EXPECT_EQ(window().OutPutPath.text(), other);
+    EXPECT_EQ(window().Text6.text(), target);
+}
+
+TEST_F(EncodingTest, ANameThatIsNoneEndsItWithTheWaveInPlace) {
+    window().Check3.set(true);
+    const std::string target = write("a.mp3", "old"), wav = tone("a.wav", 2000);
+    for (const std::string name : {"", "other.wav", "with blank.mp3"}) {
+        dialogs.queueAnswer(BoxAnswer::no);
+        dialogs.queueChoice({name.empty() ? name : folder.file(name), 1});
+        encode(wav);
+        EXPECT_EQ(erbox(), "Error in File name selection. Try another file name.");
+        EXPECT_TRUE(exists(wav));
+        EXPECT_EQ(window().Text6.text(), wav);
+        EXPECT_EQ(window().Command20.caption(), "Encode File");
+    }
+    EXPECT_EQ(read(target), "old");
+}
+
+TEST_F(EncodingTest, WhatWasNotSelectedIsAskedFor) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 2000);
+    window().Combo3.set(-1);
+    encode(wav);
+    window().Combo3.set(9);
+    window().Combo4.set(-1);
+    encode(wav);
+    EXPECT_EQ(dialogs.takeBoxes(), (Lines{"box plain \"Melvane\" \"You didn't select quality...\"",
+                                          "box plain \"Melvane\" \"You didn't select Bitrate...\""}));
+    EXPECT_TRUE(exists(wav));
+    EXPECT_FALSE(exists(folder.file("a.mp3")));
+}
+
+TEST_F(EncodingTest, AMissingSourceAndATargetInTheWayEndTheStream) {
+    recorder().encoding.EncodeStream(folder.file("none.wav"), folder.file("none.mp3"));
+    EXPECT_EQ(erbox(), "Source File not found...");
+    const std::string wav = tone("a.wav", 2000), target = write("a.mp3", "old");
+    recorder().log.show("as before");
+    recorder().encoding.EncodeStream(wav, target);
+    EXPECT_EQ(erbox(), "as before");
+    EXPECT_EQ(read(target), "old");
+}
+
+TEST_F(EncodingTest, ATargetThatCannotBeWrittenIsNotNoticed) {
+    const std::string wav = tone("a.wav", 2000);
+    recorder().encoding.EncodeStream(wav, folder.file("none/a.mp3"));
+    EXPECT_EQ(erbox(), "Finished Encoding ");
+    EXPECT_FALSE(exists(folder.file("none/a.mp3")));
+}
+
+TEST_F(EncodingTest, AWaveThatMayOnlyBeReadIsEncodedAllTheSame) {
+    const std::string wav = tone("a.wav", 30000);
+    encode(wav);
+    const std::string usual = read(folder.file("a.mp3"));
+    removeMp3();
+    std::filesystem::permissions(wav, std::filesystem::perms::owner_read);
+    encode(wav);
+    EXPECT_EQ(read(folder.file("a.mp3")), usual);
+}
+
+}  // namespace
+}  // namespace melvane::test

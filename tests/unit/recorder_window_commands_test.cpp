@@ -1,0 +1,223 @@
+#include "recorder/recorder_window_commands.h"
+
+#include "recorder_fixture.h"
+
+namespace melvane::test {
+namespace {
+
+using RecorderWindowCommandsTest = RecorderTest;
+
+TEST_F(RecorderWindowCommandsTest, AFirstStartHasItsTicksAndItsFormat) {
+    EXPECT_TRUE(studio.shell.RecorderOpen);
+    EXPECT_TRUE(window().Check2.ticked() && window().Check3.ticked() && window().Check4.ticked());
+    EXPECT_EQ(window().cbxFormat.items().size(), 5U);
+    EXPECT_EQ(window().cbxFormat.text(), "44.100Hz, 16bit Stereo, 172k/sec");
+    EXPECT_EQ(window().cbxFormat.items().back(), "48.000Hz, 16bit Stereo, 192k/sec");
+    EXPECT_EQ(window().InputPath.text() + window().OutPutPath.text(), "TEMP.WAVTEMP.MP3");
+    EXPECT_TRUE(window().Optsourcesng.ticked());
+    EXPECT_FALSE(window().Text2.visible());
+    EXPECT_EQ(studio.recorder.SongsDir, folder.file("Songs"));
+}
+
+TEST_F(RecorderWindowCommandsTest, ItIsPlacedInTheMiddleAThirdDownUnlessAPlaceIsStored) {
+    recorder().window.Form_Unload();
+    window().place = {0, 0, 6000, 7500};
+    store.write("record left", "x");
+    store.write("record top", "");
+    recorder().window.Form_Load();
+    EXPECT_EQ(window().place.left, (1280 * 15 - 6000) / 2.0);
+    EXPECT_EQ(window().place.top, (1024 * 15 - 7500) / 3.0);
+    window().place.left = -30;
+    window().place.top = 45.4;
+    recorder().window.Form_Unload();
+    EXPECT_EQ(store.read("record left"), "-30");
+    EXPECT_EQ(store.read("record top"), "45");
+    recorder().window.Form_Load();
+    EXPECT_EQ(window().place.left, -30);
+}
+
+TEST_F(RecorderWindowCommandsTest, TicksAndListsOutliveTheWindowAndTheFormatDoesNot) {
+    window().Check2.set(false);
+    window().Check3.set(false);
+    window().Check4.set(false);
+    window().Combo3.set(4);
+    window().Combo4.set(5);
+    window().cbxFormat.userPut(Value(1LL));
+    recorder().window.Form_Unload();
+    for (const char* key : {"autoencode", "Delete WAV", "Show note position"})
+        EXPECT_EQ(store.read(key), "0");
+    EXPECT_EQ(store.read("MP3 quality"), "4");
+    EXPECT_EQ(store.read("MP3 bitrate"), "5");
+    EXPECT_EQ(store.read("WAV format"), "1");
+    recorder().window.Form_Load();
+    EXPECT_FALSE(window().Check2.ticked() || window().Check3.ticked() || window().Check4.ticked());
+    EXPECT_EQ(window().cbxFormat.index(), 3);
+}
+
+TEST_F(RecorderWindowCommandsTest, AStoredIndexThatIsNoneSelectsNothing) {
+    recorder().window.Form_Unload();
+    store.write("MP3 quality", "10");
+    store.write("MP3 bitrate", "-7");
+    recorder().window.Form_Load();
+    EXPECT_EQ(window().Combo3.index(), -1);
+    EXPECT_EQ(window().Combo4.text(), "");
+}
+
+TEST_F(RecorderWindowCommandsTest, ClosingItStopsAndClosesWhatIsOpenAndTheOutput) {
+    sent();
+    recorder().window.Form_Unload();
+    EXPECT_EQ(sent(), (Lines{"close"}));
+    EXPECT_EQ(commands(),
+              (Lines{"\"Stop audiomp3\" -> 263 \"The device is not open.\"",
+                     "\"Close audiomp3\" -> 263 \"The device is not open.\"", "\"Close All\" -> 0 \"\""}));
+    EXPECT_FALSE(studio.shell.RecorderOpen);
+    recorder().window.Form_Unload();
+    EXPECT_EQ(commands(), Lines{});
+}
+
+TEST_F(RecorderWindowCommandsTest, OneSourceIsChosenAtATime) {
+    window().Optsourcekeyboard.userPut(Value(1LL));
+    EXPECT_FALSE(window().Optsourcesng.ticked());
+    window().Optsourcemid.userPut(Value(1LL));
+    EXPECT_TRUE(window().Optsourcemid.ticked());
+    EXPECT_FALSE(window().Optsourcekeyboard.ticked());
+    EXPECT_EQ(window().Optsourcekeyboard.tip(), window().Optsourcemid.tip());
+}
+
+TEST_F(RecorderWindowCommandsTest, AMixerThatDoesNotStartIsToldInABox) {
+    window().Command1.userPut(Value(1LL));
+    EXPECT_EQ(dialogs.takeBoxes(),
+              (Lines{"box exclamation \"Melvane - Error\" \"Unable to load SndVol32.exe\""}));
+}
+
+TEST_F(RecorderWindowCommandsTest, TheLogsWindowTakesTheLogWhenItIsLoaded) {
+    recorder().log.add("first");
+    toolWindows.calls.clear();
+    window().CmdLog.userPut(Value(1LL));
+    EXPECT_EQ(toolWindows.calls, (Lines{"load frmLog"}));
+    recorder().window.loadLog();
+    EXPECT_EQ(studio.frmLog.Text1.text(), "00:00:00  first\n");
+    recorder().log.add("second");
+    EXPECT_EQ(studio.frmLog.Text1.text(), "00:00:00  first\n");
+    window().CmdLog.userPut(Value(1LL));
+    EXPECT_EQ(studio.frmLog.Text1.text(), "00:00:00  first\n00:00:00  second\n");
+}
+
+TEST_F(RecorderWindowCommandsTest, ItMarksItselfAsTheOneInFront) {
+    studio.shell.Form2Active = true;
+    recorder().window.Form_Activate();
+    EXPECT_TRUE(studio.shell.RecordActive);
+    EXPECT_FALSE(studio.shell.Form2Active);
+}
+
+TEST_F(RecorderWindowCommandsTest, FlatButtonsComeNearWithTheirNeighboursHidden) {
+    recorder().buttons.ImgR_MouseMove(1, 0, 0, 0, 0);
+    recorder().buttons.ImgR_MouseMove(2, 0, 0, 0, 0);
+    EXPECT_FALSE(window().Cmd2[1].visible());
+    EXPECT_TRUE(window().Cmd2[2].visible());
+    recorder().buttons.Cmd2_MouseUp(2, 1, 0, 0, 0);
+    EXPECT_FALSE(window().Cmd2[2].visible());
+    recorder().buttons.Cmd2_Click(5);
+    recorder().buttons.Cmd2_Click(-1);
+    EXPECT_EQ(window().Cmd2[4].tip(), "Save File As");
+    EXPECT_EQ(window().ImgR[4].tip(), "Open File");
+    EXPECT_EQ(window().ImgR[1].tip(), "Play from File");
+}
+
+TEST_F(RecorderWindowCommandsTest, TheProgressOfASongFillsTheBar) {
+    recorder().showProgress(0.5);
+    EXPECT_EQ(window().L2.width(), RecordControls::barWidth / 2);
+    EXPECT_EQ(window().Status.text(), "50 %");
+    recorder().showProgress(1.5);
+    EXPECT_EQ(window().Status.text(), "150 %");
+    recorder().showProgress(2);
+    EXPECT_EQ(window().Status.text(), "150 %");
+    recorder().showProgress(0);
+    EXPECT_EQ(window().Status.text(), " %");
+    recorder().clearProgress();
+    EXPECT_EQ(window().L2.width(), 1);
+}
+
+// "Save File As"
+
+class RecordedFileTest : public RecorderTest {
+ protected:
+    std::string file = write("a.wav", "sound");
+    void save(const std::string& chosen) {
+        window().Text6.set(file);
+        dialogs.queueChoice({chosen, 1});
+        window().Cmd2[4].userPut(Value(1LL));
+    }
+};
+
+TEST_F(RecordedFileTest, TheFileIsMovedToItsName) {
+    const std::string name = folder.file("my song.wav");
+    save(name);
+    EXPECT_EQ(dialogs.takeFileDialogs(),
+              (Lines{"dialog save \"Save As\" \"Wave Audio (*.wav)|*.wav\" \"a.wav\""}));
+    EXPECT_EQ(erbox(), file + " has been saved as " + name);
+    EXPECT_EQ(window().Text6.text(), name);
+    EXPECT_EQ(read(name), "sound");
+    EXPECT_FALSE(exists(file));
+}
+
+TEST_F(RecordedFileTest, AMissingFileEndsItWithoutADialog) {
+    file = folder.file("none.wav");
+    save(folder.file("b.wav"));
+    EXPECT_EQ(erbox(), "Invalid source file");
+    EXPECT_TRUE(dialogs.takeFileDialogs().empty());
+}
+
+TEST_F(RecordedFileTest, ACancelledDialogIsTold) {
+    save("");
+    EXPECT_EQ(erbox(), "Cancelled");
+    EXPECT_EQ(window().Text6.text(), file);
+}
+
+TEST_F(RecordedFileTest, ANameWithoutAnEndingHasThatOfTheFile) {
+    save(folder.file("b"));
+    EXPECT_EQ(read(folder.file("b.wav")), "sound");
+    EXPECT_EQ(window().Text6.text(), folder.file("b.wav"));
+}
+
+TEST_F(RecordedFileTest, TheFilesOwnNameAndOneWithAShortEndingAreRefused) {
+    for (const std::string name : {"a.wav", "a", "b.", "b.w", "b.wa"}) {
+        save(folder.file(name));
+        EXPECT_TRUE(erbox().starts_with("Can't rename as " + folder.file(name))) << erbox();
+        EXPECT_TRUE(exists(file));
+    }
+}
+
+TEST_F(RecordedFileTest, AFileInTheWayIsDeletedAfterAQuestion) {
+    const std::string name = write("b.wav", "other");
+    dialogs.queueAnswer(BoxAnswer::no);
+    save(name);
+    EXPECT_EQ(erbox(), "Cancelled");
+    EXPECT_EQ(read(name), "other");
+    save(name);
+    EXPECT_EQ(dialogs.takeBoxes().back(),
+              "box question \"Melvane\" \"" + name + " already exists. Do you want to replace the file?\"");
+    EXPECT_EQ(read(name), "sound");
+}
+
+TEST_F(RecordedFileTest, AFolderThatIsNotThereLeavesTheFile) {
+    save(folder.file("none/b.wav"));
+    EXPECT_EQ(erbox(), "Can't rename as " + folder.file("none/b.wav"));
+    EXPECT_EQ(read(file), "sound");
+}
+
+TEST_F(RecordedFileTest, EachKindOfFileHasItsFilter) {
+    const std::pair<const char*, const char*> kinds[] = {{"x.MID", "MIDI (*.mid)|*.mid"},
+                                                         {"x.mp3", "MP3 (*.mp3)|*.mp3"},
+                                                         {"x.sng", "SNG (*.sng)|*.sng"},
+                                                         {"x.ogg", ""}};
+    for (const auto& [name, filter] : kinds) {
+        file = write(name, "x");
+        save("");
+        EXPECT_EQ(dialogs.takeFileDialogs().back(),
+                  std::string("dialog save \"Save As\" \"") + filter + "\" \"" + name + "\"");
+    }
+}
+
+}  // namespace
+}  // namespace melvane::test
