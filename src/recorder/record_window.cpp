@@ -1,5 +1,6 @@
 #include "recorder/record_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
@@ -7,6 +8,7 @@
 #include "recorder/player_panel.h"
 #include "recorder/recording_panel.h"
 #include "ui/flat_button_panel.h"
+#include "ui/qt_window_place.h"
 
 namespace melvane {
 
@@ -64,6 +66,13 @@ bool Record::event(QEvent* event) {
     if (type == QEvent::WindowActivate) commands_.window.Form_Activate();
     if (type == QEvent::Leave || type == QEvent::MouseMove) commands_.buttons.hideButtons();
     return known;
+}
+
+void Record::setVisible(bool visible) {
+    const QWidget* const front = QApplication::activeWindow();
+    if (visible && isHidden() && front != nullptr && front->windowType() == Qt::Window)
+        putBeforeActiveWindow(*this);
+    FramedWindow::setVisible(visible);
 }
 
 void Record::showEvent(QShowEvent* event) {

@@ -16,6 +16,9 @@ class Record : public FramedWindow {
     Record(Studio& studio, RecorderCommands& commands, QWidget* parent);
     bool loaded() const { return studio_.shell.RecorderOpen; }
 
+    /// In front of the main window or of the keyboard, whichever is active.
+    void setVisible(bool visible) override;
+
  protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

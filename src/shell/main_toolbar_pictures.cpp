@@ -27,6 +27,8 @@ constexpr std::array<Button, MainToolbarPictures::buttons> entries{
      {"editing", "Editing toolbar", true},
      {"recording", "Recording toolbar", false},
      {"tutorial", "Tutorial", true},
+     {"recording", "Recording toolbar", true},
+     {"tutorial", "Tutorial", false},
      {"help", "Help", true},
      {"emblem", "", false},
      {"keyboard", "Keyboard", true}}};

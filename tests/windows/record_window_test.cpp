@@ -1,0 +1,191 @@
+#include "recorder/record_window.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <fstream>
+
+#include "main_window_fixture.h"
+#include "recorder/log_window.h"
+
+namespace melvane::test {
+
+class RecordWindow : public MainWindowTest {
+ protected:
+    RecordWindow() {
+        floatingWindows.list(ToolWindows::Window::recorder, "Record", [this] {
+            record = new Record(studio, engine.recorder, &window);
+            record->useSettings(engine.settings);
+            return record;
+        });
+        floatingWindows.list({}, "frmLog", [this] {
+            log = new frmLog(studio, engine.recorder.window, &window);
+            return log;
+        });
+        engine.toolbar.Cmd2_Click(10);
+        QCoreApplication::processEvents();
+    }
+    ~RecordWindow() override {
+        if (log != nullptr) log->close();
+        record->close();
+    }
+
+    template <class Widget = QWidget>
+    Widget* part(const QString& name) {
+        auto* const widget = record->findChild<Widget*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
+        return widget;
+    }
+    void press(const char* name) { part<QAbstractButton>(name)->click(); }
+    /// Moves the mouse to the middle of `widget`, over whatever lies there.
+    void point(QWidget& widget) {
+        QTest::mouseMove(record->windowHandle(), widget.mapTo(record, widget.rect().center()));
+        QCoreApplication::processEvents();
+    }
+
+    Record* record = nullptr;
+    frmLog* log = nullptr;
+};
+
+TEST_F(RecordWindow, TheMainToolbarOpensIt) {
+    EXPECT_TRUE(record->isVisible());
+    EXPECT_TRUE(record->loaded());
+    EXPECT_EQ(record->windowTitle(), "Sound Recorder");
+    EXPECT_EQ(record->pos(), QPoint(static_cast<int>(studio.Record.place.left / twipsAPixel),
+                                    static_cast<int>(studio.Record.place.top / twipsAPixel)));
+}
+
+TEST_F(RecordWindow, EachControlShowsWhatItHolds) {
+    EXPECT_EQ(part<QAbstractButton>("CmdrecordSNG")->text(), "Start Recording");
+    EXPECT_EQ(part<QAbstractButton>("Optsourcesng")->text(), "Notes (SNG)");
+    EXPECT_EQ(part<QAbstractButton>("Optsourcekeyboard")->toolTip(), "Record from MID file");
+    EXPECT_EQ(part<QComboBox>("cbxFormat")->currentText(), "44.100Hz, 16bit Stereo, 172k/sec");
+    EXPECT_EQ(part<QComboBox>("Combo3")->currentText(), "Studio");
+    EXPECT_EQ(part<QComboBox>("Combo4")->currentText(), "224");
+    EXPECT_TRUE(part<QAbstractButton>("Check2")->isChecked());
+    EXPECT_EQ(part<QLabel>("Label8")->text(), "Stopped");
+    studio.Record.Erbox.set("a message");
+    EXPECT_EQ(part<QLabel>("Erbox")->text(), "a message");
+    studio.Record.Command20.setCaption("Stop Encoding");
+    EXPECT_EQ(part<QAbstractButton>("Command20")->text(), "Stop Encoding");
+}
+
+TEST_F(RecordWindow, WhatTheUserDoesReachesTheRecorder) {
+    press("Optsourcemid");
+    EXPECT_TRUE(studio.Record.Optsourcemid.ticked());
+    EXPECT_FALSE(part<QAbstractButton>("Optsourcesng")->isChecked());
+    QTest::keyClicks(part<QLineEdit>("Text6"), "x.mp3");
+    EXPECT_EQ(studio.Record.Text6.text(), "x.mp3");
+    press("Command20");
+    EXPECT_EQ(part<QLabel>("Erbox")->text(), "The Source file is not a Wave file, or does not exist.");
+    auto* const bitrates = part<QComboBox>("Combo4");
+    bitrates->setCurrentIndex(2);
+    Q_EMIT bitrates->activated(2);
+    EXPECT_EQ(store.read("MP3 bitrate"), "2");
+    press("Command1");
+    EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
+}
+
+TEST_F(RecordWindow, WhileItRecordsTheStopAloneCanBePressed) {
+    write(0, 1, 67, 2);
+    press("Check2");
+    bool start = true, stop = false, player = true;
+    time.at(200, [&] {
+        start = part("CmdrecordSNG")->isEnabled();
+        stop = part("CmdStopRecording")->isEnabled();
+        player = part("ImgR(1)")->isEnabled();
+        QTest::mouseClick(part("CmdStopRecording"), Qt::LeftButton);
+    });
+    press("CmdrecordSNG");
+    EXPECT_FALSE(start);
+    EXPECT_TRUE(stop);
+    EXPECT_FALSE(player);
+    EXPECT_EQ(part<QLabel>("Erbox")->text(), "Recording Stopped!");
+    EXPECT_TRUE(part("CmdrecordSNG")->isEnabled());
+    EXPECT_TRUE(part("ImgR(1)")->isEnabled());
+}
+
+TEST_F(RecordWindow, TheBarFillsItsGround) {
+    engine.recorder.showProgress(0.25);
+    EXPECT_EQ(part("L2")->width(), RecordControls::barWidth / 4);
+    EXPECT_EQ(part("P2")->width(), RecordControls::barWidth);
+    engine.recorder.showProgress(3);
+    EXPECT_EQ(part("L2")->width(), RecordControls::barWidth);
+}
+
+TEST_F(RecordWindow, TheReadOutComesWithThePlay) {
+    EXPECT_TRUE(part("Picture5")->isHidden());
+    std::ofstream(folder.file("a.mp3")) << "xxxx";
+    studio.Record.Text6.set(folder.file("a.mp3"));
+    QString shown;
+    time.at(1600, [&] { shown = part<QLabel>("lblTime")->text(); });
+    engine.recorder.buttons.Cmd2_Click(1);
+    EXPECT_EQ(shown, "00:01");
+    EXPECT_FALSE(part("Picture5")->isHidden());
+}
+
+TEST_F(RecordWindow, AButtonComesUnderTheMouseAndGoesWithIt) {
+    point(*part("ImgR(1)"));
+    EXPECT_TRUE(part("Cmd2(1)")->isVisible());
+    point(*part("ImgR(2)"));
+    EXPECT_FALSE(part("Cmd2(1)")->isVisible());
+    EXPECT_TRUE(part("Cmd2(2)")->isVisible());
+    point(*part("Erbox"));
+    EXPECT_FALSE(part("Cmd2(2)")->isVisible());
+}
+
+TEST_F(RecordWindow, APressOnAPictureActs) {
+    QTest::mouseClick(part("ImgR(3)"), Qt::LeftButton);
+    EXPECT_EQ(part<QLabel>("Erbox")->text(), "Music File was previously closed.");
+}
+
+TEST_F(RecordWindow, TheLogsWindowShowsTheLog) {
+    engine.recorder.log.add("first");
+    press("CmdLog");
+    ASSERT_NE(log, nullptr);
+    EXPECT_EQ(log->windowTitle(), "Recording Log");
+    auto* const page = log->findChild<QPlainTextEdit*>("Text1");
+    EXPECT_EQ(page->toPlainText(), "00:00:00  first\n");
+    EXPECT_TRUE(page->isReadOnly());
+    engine.recorder.log.add("second");
+    log->close();
+    press("CmdLog");
+    EXPECT_EQ(page->toPlainText(), "00:00:00  first\n00:00:00  second\n");
+}
+
+TEST_F(RecordWindow, ClosingAndOpeningItBeginsAnewAtItsPlace) {
+    record->move(30, 40);
+    QCoreApplication::processEvents();
+    studio.Record.Erbox.set("a message");
+    record->close();
+    EXPECT_FALSE(studio.shell.RecorderOpen);
+    EXPECT_EQ(store.read("record left"), "450");
+    EXPECT_EQ(store.read("record top"), "600");
+    engine.toolbar.Cmd2_Click(10);
+    EXPECT_TRUE(record->isVisible());
+    EXPECT_EQ(part<QLabel>("Erbox")->text(), "");
+    EXPECT_EQ(record->pos(), QPoint(30, 40));
+}
+
+TEST_F(RecordWindow, ALargerFontMakesALargerWindow) {
+    const QSize before = record->size();
+    QFont large = record->font();
+    large.setPointSize(large.pointSize() + 3);
+    record->setFont(large);
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    EXPECT_GT(record->height(), before.height());
+}
+
+TEST_F(RecordWindow, EverythingThatCanBePressedHasATipAndAName) {
+    for (const auto* const button : record->findChildren<QAbstractButton*>()) {
+        if (button->objectName().isEmpty()) continue;
+        EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
+        EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty())
+            << button->objectName().toStdString();
+    }
+}
+
+}  // namespace melvane::test
