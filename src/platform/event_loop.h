@@ -4,7 +4,7 @@
 
 namespace melvane {
 
-/// The three yields of the program, its one blocking pause and its timers. Everything that waits, waits here;
+/// The yields of the program, its one blocking pause and its timers. Everything that waits, waits here;
 /// nothing else sleeps, spins or runs a queue. All functions belong to the user-interface thread, and
 /// handlers run inside them re-entrantly: look at every flag again after each call.
 ///
@@ -17,6 +17,9 @@ class EventLoop {
     virtual void Idle() = 0;
     /// Runs the whole message queue once.
     virtual void runQueue() = 0;
+    /// The turn of the interface between two of very many short steps. Where a look at the queue costs as much
+    /// as a step, only the first of those within a few milliseconds is one.
+    virtual void turn() { runQueue(); }
     /// Serves events until Clock::counter() reaches `counter`. A moment in the past returns after one look at
     /// the queue.
     virtual void waitUntil(std::int64_t counter) = 0;

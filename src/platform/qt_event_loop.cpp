@@ -25,6 +25,8 @@ constexpr std::int64_t slice = 200'000;
 /// A sleep may last this much longer than asked for, so the end of a wait is spun.
 constexpr std::int64_t spin = 150'000;
 
+constexpr std::int64_t turnMilliseconds = 2;
+
 void sleepFor(std::int64_t nanoseconds) {
     std::this_thread::sleep_for(std::chrono::nanoseconds(nanoseconds));
 }
@@ -41,6 +43,13 @@ std::int64_t QtEventLoop::nanosecondsUntil(std::int64_t counter) const {
 
 void QtEventLoop::runQueue() {
     if (!ended_) QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void QtEventLoop::turn() {
+    const std::int64_t now = clock_.counter();
+    if (now - lastTurn_ < ticks(turnMilliseconds)) return;
+    lastTurn_ = now;
+    runQueue();
 }
 
 void QtEventLoop::waitUntil(std::int64_t counter) {

@@ -21,6 +21,8 @@ class QtEventLoop final : public EventLoop {
 
     void Idle() override { runQueue(); }
     void runQueue() override;
+    /// Each 2 milliseconds.
+    void turn() override;
     void waitUntil(std::int64_t counter) override;
     void waitFor(const std::function<bool()>& done) override;
     void pause(std::int64_t milliseconds) override;
@@ -47,6 +49,7 @@ class QtEventLoop final : public EventLoop {
     const Clock& clock_;
     QObject owner_;
     std::vector<QEventLoop*> running_;  ///< the innermost last
+    std::int64_t lastTurn_ = 0;         ///< ticks of the clock
     std::map<int, Timer> timers_;
     int lastTimer_ = 0;
     bool ended_ = false;

@@ -1,5 +1,6 @@
 #include "platform/raw_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -14,7 +15,7 @@ namespace melvane {
 namespace {
 
 constexpr mode_t usualRights = 0666;
-constexpr std::size_t headerSize = 44;
+constexpr std::size_t headerSize = 44, aheadSize = 65536;  // bytes
 
 bool isOrdinary(int descriptor) {
     struct stat about {};
@@ -46,6 +47,8 @@ bool clsFileIo::OpenFile(const std::string& name) {
 
 bool clsFileIo::CloseFile() {
     if (!isOpen()) return false;
+    ahead_.clear();
+    taken_ = 0;
     const bool closed = close(descriptor_) == 0;
     descriptor_ = -1;
     name_.clear();
@@ -54,7 +57,7 @@ bool clsFileIo::CloseFile() {
 
 bool clsFileIo::FlushBuffers() const { return isOpen() && fsync(descriptor_) == 0; }
 
-bool clsFileIo::writeWavHeader(std::uint32_t dataSize) const {
+bool clsFileIo::writeWavHeader(std::uint32_t dataSize) {
     std::array<unsigned char, headerSize> header{};
     std::memcpy(header.data(), "RIFF    WAVEfmt ", 16);
     std::memcpy(header.data() + 36, "data", 4);
@@ -70,8 +73,9 @@ bool clsFileIo::writeWavHeader(std::uint32_t dataSize) const {
     return WriteBytes(header) && FlushBuffers();
 }
 
-bool clsFileIo::WriteBytes(std::span<const unsigned char> bytes) const {
+bool clsFileIo::WriteBytes(std::span<const unsigned char> bytes) {
     if (!isOpen()) return false;
+    forgetAhead();
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
@@ -81,16 +85,36 @@ bool clsFileIo::WriteBytes(std::span<const unsigned char> bytes) const {
     return true;
 }
 
+/// The place in the file is again where the last read ended for the caller.
+void clsFileIo::forgetAhead() {
+    if (taken_ < ahead_.size()) lseek(descriptor_, -static_cast<off_t>(ahead_.size() - taken_), SEEK_CUR);
+    ahead_.clear();
+    taken_ = 0;
+}
+
+/// False when the file cannot be read; at its end there is nothing ahead.
+bool clsFileIo::readAhead() {
+    ahead_.resize(aheadSize);
+    taken_ = 0;
+    ssize_t count = -1;
+    do {
+        count = read(descriptor_, ahead_.data(), ahead_.size());
+    } while (count < 0 && errno == EINTR);
+    ahead_.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+    return count >= 0;
+}
+
 bool clsFileIo::ReadBytes(std::span<unsigned char> bytes) {
     bytesRead_ = 0;
     if (!isOpen()) return false;
     while (!bytes.empty()) {
-        const ssize_t count = read(descriptor_, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
+        if (taken_ == ahead_.size() && !readAhead()) return false;
+        const std::size_t count = std::min(bytes.size(), ahead_.size() - taken_);
         if (count == 0) break;
-        bytesRead_ += static_cast<std::size_t>(count);
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
+        std::copy_n(ahead_.begin() + static_cast<std::ptrdiff_t>(taken_), count, bytes.begin());
+        taken_ += count;
+        bytesRead_ += count;
+        bytes = bytes.subspan(count);
     }
     return true;
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace melvane {
 
@@ -23,10 +24,10 @@ class clsFileIo {
     bool FlushBuffers() const;
     /// The header of a WAV file of `dataSize` bytes of samples at the present place: 16 bits, stereo, 44100 a
     /// second.
-    bool writeWavHeader(std::uint32_t dataSize) const;
+    bool writeWavHeader(std::uint32_t dataSize);
     /// False when not all of them could be written.
-    bool WriteBytes(std::span<const unsigned char> bytes) const;
-    /// Reads up to `bytes.size()` bytes; the end of the file is no failure.
+    bool WriteBytes(std::span<const unsigned char> bytes);
+    /// At the present place. Reads up to `bytes.size()` bytes; the end of the file is no failure.
     bool ReadBytes(std::span<unsigned char> bytes);
     /// How many the last ReadBytes gave.
     std::size_t bytesRead() const { return bytesRead_; }
@@ -34,8 +35,13 @@ class clsFileIo {
  private:
     bool isOpen() const { return !name_.empty() && descriptor_ >= 0; }
 
+    bool readAhead();
+    void forgetAhead();
+
     std::string name_;
     int descriptor_ = -1;
+    std::vector<unsigned char> ahead_;  ///< what was read of the file beyond what was asked for
+    std::size_t taken_ = 0;             ///< of ahead_
     std::size_t bytesRead_ = 0;
 };
 

@@ -31,10 +31,10 @@ constexpr std::array<Library, 2> libraries{
 struct StoredList {
     ListControl RecordControls::*list;
     const char* key;
-    const char* otherwise;
+    int otherwise;
 };
 constexpr std::array<StoredList, 2> storedLists{
-    {{&RecordControls::Combo4, "MP3 bitrate", "11"}, {&RecordControls::Combo3, "MP3 quality", "9"}}};
+    {{&RecordControls::Combo4, "MP3 bitrate", 11}, {&RecordControls::Combo3, "MP3 quality", 9}}};
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void Encoding::fillLists() {
     Record.Combo4.fill(bitrateTexts());
     for (const auto& stored : storedLists) {
         int index = -1;
-        assign(index, leadingNumber(parts_.settings.GetSetting(stored.key, stored.otherwise)));
+        parts_.settings.read(stored.key, stored.otherwise, index);
         (Record.*stored.list).set(index);
     }
 }

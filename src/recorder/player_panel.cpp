@@ -20,10 +20,10 @@ namespace {
 
 constexpr int space = 8, barHeight = 8, textHeight = 24;                          // pixels
 constexpr int stateWidth = 96, statusWidth = 72, timeWidth = 56, unitWidth = 44;  // pixels
-constexpr int refreshPeriod = 50;                                                 // milliseconds
+constexpr int refreshPeriod = 100;                                                // milliseconds
 
 /// How much is done. An encoding tells it thousands of times a second, which nobody can read: it is painted
-/// twenty times.
+/// ten times.
 class StatusLabel : public QLabel {
  public:
     StatusLabel(TextControl& status, QWidget* parent) : QLabel(parent), status_(status) {
@@ -34,9 +34,10 @@ class StatusLabel : public QLabel {
         timer_.setSingleShot(true);
         timer_.setInterval(refreshPeriod);
         QObject::connect(&timer_, &QTimer::timeout, this, [this] { show(); });
-        bindShown(*this, status, [this] {
+        bindShown(*this, status, [this] { show(); });
+        status.changed = [this] {  // nothing but its text ever changes
             if (!timer_.isActive()) show();
-        });
+        };
     }
 
  private:

@@ -71,8 +71,11 @@ void RecorderWindowCommands::Form_Load() {
     fillFormats();
     parts_.encoding.fillLists();
     takeDriver();
-    for (const auto& stored : storedTicks)
-        (studio_.Record.*stored.check).set(leadingNumber(parts_.settings.GetSetting(stored.key, "1")) != 0);
+    for (const auto& stored : storedTicks) {
+        bool ticked = true;
+        parts_.settings.read(stored.key, true, ticked);
+        (studio_.Record.*stored.check).set(ticked);
+    }
     takeFolders();
 }
 

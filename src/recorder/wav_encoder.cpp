@@ -30,7 +30,7 @@ struct WavEncoder::Job {
                 std::min(bytes, samples.size() * sampleSize)};
     }
 
-    void write(std::uint32_t bytes) const {
+    void write(std::uint32_t bytes) {
         if (bytes > 0) writing.WriteBytes(std::span(output).first(bytes));
     }
     /// What the encoder still holds.
@@ -84,7 +84,7 @@ EncoderError WavEncoder::encodeChunks(Job& job, std::uint64_t total) {
         job.write(written);
         studio_.Record.Status.set(progressText(static_cast<double>(done), static_cast<double>(total)));
         if (isCancelled()) break;
-        loop_.runQueue();
+        loop_.turn();
     }
     return EncoderError::none;
 }

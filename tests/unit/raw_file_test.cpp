@@ -38,6 +38,20 @@ TEST_F(RawFileTest, AFileIsMadeAndKeepsWhatItHolds) {
     EXPECT_EQ(file.bytesRead(), 0U);
 }
 
+TEST_F(RawFileTest, AWriteGoesWhereTheLastReadEnded) {
+    std::ofstream(path) << "abcdefgh";
+    clsFileIo file;
+    ASSERT_TRUE(file.OpenFile(path));
+    std::array<unsigned char, 3> read{};
+    EXPECT_TRUE(file.ReadBytes(read));
+    EXPECT_TRUE(file.WriteBytes(bytesOf("XY")));
+    EXPECT_EQ(contents(), "abcXYfgh");
+    EXPECT_TRUE(file.ReadBytes(read));
+    EXPECT_EQ(read[0], 'f');
+    EXPECT_TRUE(file.ReadBytes(read));
+    EXPECT_EQ(file.bytesRead(), 0U);
+}
+
 TEST_F(RawFileTest, NothingWorksOnAFileThatIsNotOpen) {
     clsFileIo file;
     std::array<unsigned char, 4> read{};
