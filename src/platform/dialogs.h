@@ -19,6 +19,8 @@ struct FileQuestion {
     std::string filter;
     std::string folder;    ///< where it opens; empty: where the last one was
     std::string proposed;  ///< file name to begin with
+    /// The caller asks before it replaces a file; else the dialog does.
+    bool callerAsks = false;
 };
 
 /// The modal questions of the program. They serve events through the event loop until they are answered.

@@ -1,5 +1,7 @@
 #include "recorder/capture.h"
 
+#include <filesystem>
+
 #include "core/names.h"
 #include "platform/files.h"
 #include "recorder/capture_formats.h"
@@ -12,15 +14,22 @@ void Capture::StartTrackRecording() {
     parts_.panic.Command32_Click();
     toBeSaved_ = true;
     const CaptureFormat format = captureFormat(studio_.Record.cbxFormat.text());
-    if (parts_.mci.CaptureOpen().code != 0) {
+    if (const auto opened = parts_.mci.CaptureOpen(); opened.code != 0) {
+        addReason(opened);
         parts_.dialogs.messageBox(BoxKind::critical, "Melvane", "Error opening waveaudio");
     }
-    if (parts_.mci.CaptureSet(format).code != 0) {
+    if (const auto set = parts_.mci.CaptureSet(format); set.code != 0) {
+        addReason(set);
         parts_.log.show("Error setting recording paramaters");
         CloseCap();
         return;
     }
     parts_.mci.CaptureRecord();
+}
+
+/// What the device says of a failure stands in the log alone.
+void Capture::addReason(const MciCommands::Answer& answer) {
+    if (answer.code != 0 && !answer.text.empty()) parts_.log.add(answer.text);
 }
 
 void Capture::CloseCap() {
@@ -29,8 +38,9 @@ void Capture::CloseCap() {
 }
 
 void Capture::stop() {
-    const bool stopped = parts_.mci.CaptureStop().code == 0;
-    parts_.log.showAndAdd(stopped ? "Recording Stopped!" : "Stopping recording failed!");
+    const auto stopped = parts_.mci.CaptureStop();
+    parts_.log.showAndAdd(stopped.code == 0 ? "Recording Stopped!" : "Stopping recording failed!");
+    addReason(stopped);
 }
 
 void Capture::saveCheck() {
@@ -47,13 +57,18 @@ void Capture::Recordcontrol2() {
     studio_.Record.Label8.set({});
 }
 
-/// A stop without a capture leaves the file that the last one made.
+/// A stop without a capture leaves the file that the last one made. A folder that was removed meanwhile is
+/// made anew, so that the recording is not lost.
 void Capture::save() {
     auto& Record = studio_.Record;
     const std::string& path = Record.InputPath.text();
     if (toBeSaved_ && !path.empty() && fileExists(path)) removeFile(path);
-    if (parts_.mci.CaptureSaveTo(path).code != 0) {
+    std::error_code failed;
+    const auto folder = std::filesystem::path(path).parent_path();
+    if (toBeSaved_ && !folder.empty()) std::filesystem::create_directories(folder, failed);
+    if (const auto saved = parts_.mci.CaptureSaveTo(path); saved.code != 0) {
         parts_.log.showAndAdd("File was NOT saved");
+        addReason(saved);
         return;
     }
     Record.Text6.set(path);

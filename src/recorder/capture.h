@@ -36,6 +36,7 @@ class Capture {
     void listNames(NameTables& tables);
 
  private:
+    void addReason(const MciCommands::Answer& answer);
     void save();
     void discard();
 

@@ -49,7 +49,7 @@ void RecordedFile::RenameFile2(std::string file) {
 
 std::string RecordedFile::askForName(const std::string& file) {
     const std::string folder = file.substr(0, file.size() - fileNameOf(file).size());
-    return answeredPath(dialogs_.saveFile({"Save As", filterFor(file), folder, fileNameOf(file)}).path);
+    return answeredPath(dialogs_.saveFile({"Save As", filterFor(file), folder, fileNameOf(file), true}).path);
 }
 
 bool RecordedFile::makeWay(const std::string& name) {

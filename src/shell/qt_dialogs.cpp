@@ -127,7 +127,7 @@ FileChoice QtDialogs::askForFile(const FileQuestion& question, bool saves, std::
     dialog->setOption(QFileDialog::DontConfirmOverwrite);  // mayReplace() asks, for the completed name too
     while (dialog.isThere() && ask(*dialog) == QDialog::Accepted) {
         FileChoice choice = choiceOf(*dialog);
-        if (saves && !mayReplace(choice, question.filter)) continue;
+        if (saves && !question.callerAsks && !mayReplace(choice, question.filter)) continue;
         lastFolder = QFileInfo(QString::fromStdString(choice.path)).absolutePath().toStdString();
         return choice;
     }

@@ -93,6 +93,14 @@ TEST_F(QtDialogsTest, TheNextDialogOpensInTheFolderOfTheLastChoice) {
     EXPECT_EQ(shown.toStdString(), folder.file("deep"));
 }
 
+TEST_F(QtDialogsTest, ACallerThatAsksItselfIsLeftToIt) {
+    folder.make("waltz.mid", "old");
+    typeName("waltz.mid");
+    FileQuestion question = scoreQuestion();
+    question.callerAsks = true;
+    EXPECT_EQ(dialogs.saveFile(question).path, folder.file("waltz.mid"));
+}
+
 TEST_F(QtDialogsTest, AFileThatTheCompletedNameWouldReplaceIsAskedFor) {
     folder.make("waltz.mid", "old");
     typeName("waltz");

@@ -21,7 +21,7 @@ TEST_F(RecordingMomentsTest, AStopWithoutACaptureFailsAndLeavesTheLastRecordingA
     EXPECT_EQ(recordings(), files);
     const auto messages = logged();
     EXPECT_EQ(messages[savedMessages.size()], "Stopping recording failed!");
-    EXPECT_EQ(messages[savedMessages.size() + 2], "File was NOT saved");
+    EXPECT_EQ(messages[savedMessages.size() + 3], "File was NOT saved");
 }
 
 TEST_F(RecordingMomentsTest, ATempoThatPlaysNothingLeavesNoCaptureBehind) {

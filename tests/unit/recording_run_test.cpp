@@ -102,7 +102,9 @@ TEST_F(RecordingRunTest, AFailedSaveIsToldAndLeavesNoFile) {
     media.setReply("save capture", {7, "The disk is full."});
     record();
     EXPECT_TRUE(recordings().empty());
-    EXPECT_EQ(logged()[3], "File was NOT saved");
+    const auto messages = logged();
+    EXPECT_EQ(messages[3], "File was NOT saved");
+    EXPECT_EQ(messages[4], "The disk is full.");
     EXPECT_EQ(window().InputPath.text(), window().Text6.text());
     EXPECT_TRUE(window().CmdrecordSNG.enabled());
 }
@@ -115,9 +117,10 @@ TEST_F(RecordingRunTest, EachFailureOfTheDeviceIsToldWithItsText) {
     record();
     const auto messages = logged();
     EXPECT_EQ(messages[1], "Stopping recording failed!");
-    EXPECT_EQ(messages[2], "File Cannot be saved");
-    EXPECT_EQ(messages[4], "Deleting Recording buffer failed!Nothing there.");
-    EXPECT_EQ(messages[5], "Closing Recording  failed! ");
+    EXPECT_EQ(messages[2], "Not recording.");
+    EXPECT_EQ(messages[3], "File Cannot be saved");
+    EXPECT_EQ(messages[5], "Deleting Recording buffer failed!Nothing there.");
+    EXPECT_EQ(messages[6], "Closing Recording  failed! ");
     EXPECT_EQ(recordings().size(), 1U);  // it is saved in both cases
 }
 
@@ -138,7 +141,11 @@ TEST_F(RecordingRunTest, AFormatThatIsRefusedClosesTheCaptureAndTheStopFailsInIt
     const auto sentCommands = commands();
     EXPECT_EQ(sentCommands[2], "\"close capture \" -> 0 \"\"");
     EXPECT_EQ(sentCommands[3], "\"stop capture\" -> 263 \"The device is not open.\"");
-    EXPECT_EQ(logged()[1], "Stopping recording failed!");
+    EXPECT_EQ(logged(),
+              (Lines{"No such format.", "Started playing notes", "Stopping recording failed!",
+                     "The device is not open.", "File Cannot be saved", "File was NOT saved",
+                     "The device is not open.", "Deleting Recording buffer failed!The device is not open.",
+                     "Closing Recording  failed! "}));
 }
 
 TEST_F(RecordingRunTest, ACaptureThatCannotBeClosedIsToldOf) {
@@ -188,10 +195,22 @@ TEST_F(RecordingRunTest, WithoutAFolderTheRunIsCancelled) {
     EXPECT_EQ(studio.recorder.SongsDir, "");
 }
 
-TEST_F(RecordingRunTest, AFolderRemovedDuringARecordingIsToldOf) {
+TEST_F(RecordingRunTest, AFolderRemovedDuringARecordingIsMadeAnewForIt) {
     at(200, [this] { std::filesystem::remove_all(folder.path() / "Songs"); });
     record();
-    EXPECT_EQ(logged()[3], "File was NOT saved");
+    EXPECT_EQ(recordings().size(), 1U);
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
+TEST_F(RecordingRunTest, AFolderThatCannotBeMadeAnewIsToldOf) {
+    at(200, [this] {
+        std::filesystem::remove_all(folder.path() / "Songs");
+        std::ofstream(folder.file("Songs")) << "in the way";
+    });
+    record();
+    const auto messages = logged();
+    EXPECT_EQ(messages[3], "File was NOT saved");
+    EXPECT_NE(messages[4], "Recording buffer Deleted! ");  // the reason
     EXPECT_TRUE(window().CmdrecordSNG.enabled());
 }
 
