@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -26,7 +27,7 @@ constexpr int refreshPeriod = 100;                                              
 /// ten times.
 class StatusLabel : public QLabel {
  public:
-    StatusLabel(TextControl& status, QWidget* parent) : QLabel(parent), status_(status) {
+    StatusLabel(RecordControls& Record, QWidget* parent) : QLabel(parent), status_(Record.Status) {
         setObjectName("StatusShown");
         setAccessibleName("How much is done");
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -34,9 +35,9 @@ class StatusLabel : public QLabel {
         timer_.setSingleShot(true);
         timer_.setInterval(refreshPeriod);
         QObject::connect(&timer_, &QTimer::timeout, this, [this] { show(); });
-        bindShown(*this, status, [this] { show(); });
-        status.changed = [this] {  // nothing but its text ever changes
-            if (!timer_.isActive()) show();
+        bindShown(*this, status_, [this] { show(); });
+        status_.changed = [this, &Record] {  // nothing but its text ever changes
+            if (!timer_.isActive() || Record.Label8.text() != "Encoding") show();
         };
     }
 
@@ -91,9 +92,14 @@ QWidget* PlayerPanel::makeState() {
     state->setProperty("heading", true);
     state->setFixedWidth(stateWidth);
     state->setAlignment(Qt::AlignCenter);
-    bind(*state, Record_.Label8);
+    bindShown(*state, Record_.Label8, [this, state] {
+        const QString text = QString::fromStdString(Record_.Label8.text());
+        state->setText(text);
+        state->setProperty("recording", text == "Recording");
+        state->style()->polish(state);
+    });
     row->addWidget(state);
-    row->addWidget(new StatusLabel(Record_.Status, group));
+    row->addWidget(new StatusLabel(Record_, group));
     group->rows().addLayout(row);
     return group;
 }

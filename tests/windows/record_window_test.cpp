@@ -28,7 +28,8 @@ class RecordWindow : public MainWindowTest {
         engine.toolbar.Cmd2_Click(10);
         QCoreApplication::processEvents();
         // A test before this one may have ended with a button down, which would go on into each movement.
-        QTest::mouseRelease(record->windowHandle(), Qt::LeftButton, {}, {2, 2});
+        for (const auto held : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
+            QTest::mouseRelease(record->windowHandle(), held, {}, {2, 2});
     }
     ~RecordWindow() override {
         if (log != nullptr) log->close();
