@@ -25,10 +25,8 @@ constexpr std::array<Button, MainToolbarPictures::buttons> entries{
      {"silence", "Stop all sound", true},
      {"setup", "Setup", true},
      {"editing", "Editing toolbar", true},
-     {"recording", "Recording toolbar", false},
-     {"tutorial", "Tutorial", true},
      {"recording", "Recording toolbar", true},
-     {"tutorial", "Tutorial", false},
+     {"tutorial", "Tutorial", true},
      {"help", "Help", true},
      {"emblem", "", false},
      {"keyboard", "Keyboard", true}}};
