@@ -169,7 +169,7 @@ void AudioPlayer::StopMP3() {
 void AudioPlayer::CloseMP3() {
     const bool closed = parts_.mci.MciClose(alias) == MciCommands::success;
     parts_.log.showAndAdd(closed ? "Music File closed." : "Music File was previously closed.");
-    EnableRecording(studio_.Record);
+    enableUnlessRecording(studio_);
 }
 
 void AudioPlayer::PlayNext() {

@@ -82,7 +82,7 @@ void Encoding::reset() {
     Record.Command20.setCaption(startCaption);
     Record.Label8.set({});
     Record.Status.set({});
-    EnableRecording(Record);
+    enableUnlessRecording(studio_);
 }
 
 bool Encoding::takeSource() {
@@ -144,7 +144,7 @@ void Encoding::AutoEncode() {
     if (studio_.recorder.closings != closings) return;
     Record.Label8.set({});
     Record.Status.set({});
-    EnableRecording(Record);
+    enableUnlessRecording(studio_);
 }
 
 // The file
@@ -206,9 +206,10 @@ bool Encoding::EncodeStream(const std::string& source, const std::string& target
     }
     const auto config = encoderSettings(Record.cbxFormat.index(), Record.Combo4.text(),
                                         encoderQualities[static_cast<std::size_t>(quality)]);
-    if (encoder_.encode(source, target, config).isWhole)
-        parts_.log.show("Finished Encoding " + Record.Text6.text());
-    return true;
+    const auto result = encoder_.encode(source, target, config);
+    if (result.isWhole) parts_.log.show("Finished Encoding " + Record.Text6.text());
+    if (!result.isWritten) parts_.log.add(target + " could not be written as a whole; its source is kept.");
+    return result.isWritten;
 }
 
 void Encoding::listNames(NameTables& tables) {

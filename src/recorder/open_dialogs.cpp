@@ -19,13 +19,16 @@ bool OpenDialogs::choose(const char* title, const char* filter) {
     return true;
 }
 
-void OpenDialogs::openFile() {
-    if (!choose("Open File", "Midi, score, wav, mp3(*.sng;*.mid;*.wav;*mp3)|*.sng;*.mid;*.wav;*mp3")) return;
+bool OpenDialogs::openFile() {
+    constexpr const char* filter = "Midi, score, wav, mp3(*.sng;*.mid;*.wav;*mp3)|*.sng;*.mid;*.wav;*mp3";
+    if (!choose("Open File", filter)) return false;
     auto& Record = studio_.Record;
-    if (!endsWithNoCase(Record.Text6.text(), "sng")) return chooseSource(Record, Record.Optsourcemid);
-    chooseSource(Record, Record.Optsourcesng);
+    const bool isScore = endsWithNoCase(Record.Text6.text(), "sng");
+    chooseSource(Record, isScore ? Record.Optsourcesng : Record.Optsourcemid);
+    if (!isScore) return true;
     parts_.files.OpenPoliFile(Record.Text6.text());
     parts_.output.CloseMidi();
+    return true;
 }
 
 void OpenDialogs::openMidiFile() {
@@ -34,7 +37,7 @@ void OpenDialogs::openMidiFile() {
 }
 
 void OpenDialogs::C4_Click() {
-    openFile();
+    if (!openFile()) return;
     auto& Record = studio_.Record;
     const std::string& path = Record.Text6.text();
     if (endsWithNoCase(path, "sng")) {

@@ -17,7 +17,8 @@ class OpenDialogs {
     OpenDialogs(Studio& studio, Parts parts) : studio_(studio), parts_(parts) {}
 
     /// "Open File": a score goes onto the tablet and becomes the source; any other file is one to play.
-    void openFile();
+    /// False when nothing was chosen.
+    bool openFile();
     /// "Open MIDI File".
     void openMidiFile();
     /// The general dialog as the tutorial uses it: a score is opened once more, in the short form.

@@ -157,6 +157,10 @@ void RecorderWindowCommands::Form_Unload() {
     studio_.shell.RecorderOpen = false;
     auto& recorder = studio_.recorder;
     ++recorder.closings;
+    if (parts_.capture.isToBeSaved()) {  // what was recorded is not lost
+        parts_.capture.stop();
+        parts_.capture.saveCheck();
+    }
     recorder.EncodeCancel = true;
     recorder.StopRequested = true;
     studio_.player.RecordingSong = false;

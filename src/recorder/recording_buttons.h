@@ -20,6 +20,11 @@ inline void DisableRecording(RecordControls& Record) {
     Record.Picture7.setEnabled(false);
 }
 
+/// Something else has ended: while a recording runs, its stop stays the one button.
+inline void enableUnlessRecording(Studio& studio) {
+    studio.player.RecordingSong ? DisableRecording(studio.Record) : EnableRecording(studio.Record);
+}
+
 inline void chooseSource(RecordControls& Record, CheckControl& source) {
     for (CheckControl* const option : {&Record.Optsourcesng, &Record.Optsourcemid, &Record.Optsourcekeyboard})
         option->set(option == &source);

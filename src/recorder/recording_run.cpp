@@ -38,7 +38,8 @@ RecordingRun::RecordingRun(Studio& studio, Parts parts) : studio_(studio), parts
 }
 
 void RecordingRun::CmdrecordSNG_Click() {
-    if (running_ || parts_.capture.isToBeSaved()) return;
+    if (running_) return;
+    if (parts_.capture.isToBeSaved()) CmdStopRecording_Click();  // one whose stop cannot be reached any more
     if (!studio_.Record.Optsourcemid.ticked()) return RecordWav();
     parts_.log.show("Recording source is 'File'. Opening File...");
     checkSource();

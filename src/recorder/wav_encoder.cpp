@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 
@@ -31,7 +32,7 @@ struct WavEncoder::Job {
     }
 
     void write(std::uint32_t bytes) {
-        if (bytes > 0) writing.WriteBytes(std::span(output).first(bytes));
+        if (bytes > 0 && !writing.WriteBytes(std::span(output).first(bytes))) isWritten = false;
     }
     /// What the encoder still holds.
     void flush() {
@@ -46,11 +47,13 @@ struct WavEncoder::Job {
     std::vector<std::int16_t> samples;
     std::vector<unsigned char> output;
     clsFileIo reading, writing;
+    bool isWritten = true;
 };
 
 std::string WavEncoder::progressText(double done, double total) {
+    const long long hundredths = std::llround(done / total * 10000);
     std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%05.2f%%", done / total * 100);
+    std::snprintf(text.data(), text.size(), "%02lld.%02lld%%", hundredths / 100, hundredths % 100);
     return text.data();
 }
 
@@ -61,7 +64,8 @@ WavEncoder::Result WavEncoder::encode(const std::string& source, const std::stri
     if (refused != EncoderError::none) return {false, refused};
     std::error_code failed;
     const auto total = std::filesystem::file_size(source, failed);
-    if (failed || std::filesystem::exists(target, failed)) return {};
+    if (failed) return {};
+    if (std::filesystem::exists(target, failed)) return {.isWritten = false};
     job.reading.OpenFile(source);
     job.writing.OpenFile(target);
     job.makeRoom();
@@ -69,7 +73,7 @@ WavEncoder::Result WavEncoder::encode(const std::string& source, const std::stri
     const EncoderError error = encodeChunks(job, total);
     if (error != EncoderError::none) return {false, error};
     job.flush();
-    return {true, error};
+    return {true, error, job.isWritten};
 }
 
 EncoderError WavEncoder::encodeChunks(Job& job, std::uint64_t total) {

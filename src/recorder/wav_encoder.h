@@ -20,9 +20,9 @@ class WavEncoder {
     struct Result {
         bool isWhole = false;                     ///< the stream was closed as it should be, cancelled or not
         EncoderError error = EncoderError::none;  ///< of the encoder, which ended it
+        bool isWritten = true;                    ///< the disk took all of it
     };
-    /// A target that exists is left alone. After an error it stays as far as it was written. What the files
-    /// refuse is not looked at.
+    /// A target that exists is left alone. After an error it stays as far as it was written.
     Result encode(const std::string& source, const std::string& target, const BE_CONFIG& config);
 
     /// "42.70%".

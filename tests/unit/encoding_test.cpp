@@ -1,6 +1,7 @@
 #include "recorder/encoding.h"
 
 #include "encoding_fixture.h"
+#include "file_size_limit.h"
 
 namespace melvane::test {
 namespace {
@@ -57,6 +58,7 @@ TEST_F(EncodingTest, TheWindowShowsTheProgress) {
     EXPECT_TRUE(window().CmdrecordSNG.enabled());
     EXPECT_EQ(WavEncoder::progressText(1, 1), "100.00%");
     EXPECT_EQ(WavEncoder::progressText(1, 30), "03.33%");
+    EXPECT_EQ(WavEncoder::progressText(1, 32), "03.13%");
 }
 
 TEST_F(EncodingTest, AnEncodingStoppedHalfWayLeavesHalfAnMp3AndWithTheTickNoWave) {
@@ -115,6 +117,27 @@ TEST_F(EncodingTest, TheProgramMayEndInTheMiddle) {
     atTurn([&](int turn) {
         if (turn == 5) engine.startUp.Form_Unload();
     });
+    encode(wav);
+    EXPECT_TRUE(exists(wav));
+}
+
+TEST_F(EncodingTest, AFullDiskKeepsTheSourceAndIsTold) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 400);
+    {
+        const FileSizeLimit limit(4096);
+        encode(wav);
+    }
+    EXPECT_TRUE(exists(wav));
+    EXPECT_EQ(window().Text6.text(), wav);
+    EXPECT_NE(window().Text2.text().find("could not be written"), std::string::npos);
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
+TEST_F(EncodingTest, ATargetThatIsNoFileKeepsTheSource) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 4);
+    std::filesystem::create_directory(folder.file("a.mp3"));
     encode(wav);
     EXPECT_TRUE(exists(wav));
 }

@@ -36,6 +36,22 @@ TEST_F(RecordingSourcesTest, TheKeyboardsCaptureIsKeptWhenTheSourceIsChangedBefo
     EXPECT_EQ(recordings().size(), 1U);
 }
 
+TEST_F(RecordingSourcesTest, AFileThatIsPlayedMeanwhileLeavesTheStopInReach) {
+    const std::string song = write("song.mp3", "any");
+    window().Text6.set(song);
+    at(1000, [this] {
+        window().Optsourcekeyboard.userPut(Value(1LL));
+        record();
+    });
+    recorder().audio.OpenMP3(song, MciCommands::player);
+    recorder().audio.PlayMP3();  // to its end
+    EXPECT_TRUE(window().CmdStopRecording.enabled());
+    EXPECT_FALSE(window().CmdrecordSNG.enabled());
+    press(window().CmdStopRecording);
+    EXPECT_EQ(recordings().size(), 1U);
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
 TEST_F(RecordingSourcesTest, TheKeyboardsToolbarOpensTheRecorderWithItsSource) {
     toolWindows.calls.clear();
     engine.keyboard.window.Cmd2_Click(5);
