@@ -17,7 +17,8 @@ constexpr std::array<const char*, 16> kilobits{"0",  "112", "56", "224", "40", "
 /// counted from 1, with the first one weighing most.
 std::size_t field(std::span<const unsigned char, 4> bytes, std::size_t first, std::size_t last) {
     std::size_t value = 0;
-    for (std::size_t at = first - 1; at < last; ++at) value = value * 2 + ((bytes[at / 8] >> (at % 8)) & 1U);
+    for (std::size_t at = first - 1; at < last; ++at)
+        value = value * 2 + ((std::size_t{bytes[at / 8]} >> (at % 8)) & 1U);
     return value;
 }
 
