@@ -246,6 +246,9 @@ TEST_F(Capturing, LeavesNoTemporaryFileBehind) {
 }
 
 TEST_F(Capturing, CannotBeOpenedWithoutATemporaryFile) {
+    openCapture();  // once with files: the sanitizers need some for what they see for the first time
+    done("close capture");
+    EXPECT_EQ(refused("record capture"), MediaError::notOpen);
     {
         const test::OpenFilesLimit limit(0);
         EXPECT_EQ(refused("open new type waveaudio alias capture"), MediaError::noSpool);
