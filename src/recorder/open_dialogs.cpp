@@ -6,10 +6,15 @@
 
 namespace melvane {
 
+/// A capture that is not saved yet is not closed with the rest: it would be lost.
+void OpenDialogs::closeOthers() {
+    if (!parts_.capture.isToBeSaved()) parts_.mci.MciCloseAll();
+}
+
 /// False when there is nothing new in Text6.
 bool OpenDialogs::choose(const char* title, const char* filter) {
     parts_.mci.MciClose(MciCommands::player);
-    parts_.mci.MciCloseAll();
+    closeOthers();
     auto& recorder = studio_.recorder;
     recorder.AudioFolder = recorder.SongsDir;
     const auto choice = parts_.dialogs.openFile({title, filter, recorder.AudioFolder, {}});

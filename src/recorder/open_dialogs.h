@@ -1,15 +1,17 @@
 #pragma once
 #include "files/score_files.h"
 #include "midi/midi_output.h"
-#include "recorder/mci_commands.h"
+#include "recorder/capture.h"
 
 namespace melvane {
 
-/// The dialogs that put a file into the recorder's hand. What the media device has open is closed first.
+/// The dialogs that put a file into the recorder's hand. What the media device has open is closed first, but
+/// for a capture that is not saved yet.
 class OpenDialogs {
  public:
     struct Parts {
         MciCommands& mci;
+        const Capture& capture;
         ScoreFiles& files;
         MidiOutput& output;
         Dialogs& dialogs;
@@ -23,6 +25,8 @@ class OpenDialogs {
     void openMidiFile();
     /// The general dialog as the tutorial uses it: a score is opened once more, in the short form.
     void C4_Click();
+    /// What the device has open, unless there is a capture to be saved.
+    void closeOthers();
 
     void listNames(NameTables& tables);
 

@@ -52,7 +52,7 @@ void PlayerButtons::Cmd2_Click(int Index) {
 
 void PlayerButtons::open() {
     if (setToolWindows) setToolWindows(false);
-    parts_.mci.MciCloseAll();
+    parts_.dialogs.closeOthers();
     parts_.dialogs.openFile();
     if (setToolWindows) setToolWindows(true);
 }

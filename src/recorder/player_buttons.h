@@ -13,7 +13,6 @@ namespace melvane {
 class PlayerButtons {
  public:
     struct Parts {
-        MciCommands& mci;
         AudioPlayer& audio;
         OpenDialogs& dialogs;
         RecordedFile& file;

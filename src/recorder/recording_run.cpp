@@ -189,8 +189,10 @@ void RecordingRun::CmdStopRecording_Click() {
     if (Record.Optsourcemid.ticked() && !studio_.recorder.PlayerStopped) {
         parts_.audio.StopMP3();
         parts_.audio.CloseMP3();
-        // Without a run nobody comes for the second stop.
-        if (running_ || !parts_.capture.isToBeSaved()) return;
+        if (!parts_.capture.isToBeSaved()) return;
+        // The run comes for the second stop, which stays in the user's reach meanwhile; without a run nobody
+        // comes.
+        if (running_) return DisableRecording(Record);
     }
     parts_.capture.saveCheck();
     EnableRecording(Record);
