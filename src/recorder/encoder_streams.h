@@ -19,7 +19,7 @@ enum class EncoderError {
     bufferTooSmall = 5
 };
 
-/// In words, as the user reads them.
+/// In words; empty for what is none of them.
 std::string errorText(EncoderError error);
 
 /// MP3 streams, one by one under its handle: set up, fed with chunks of samples, flushed, closed.
@@ -32,19 +32,19 @@ class EncoderStreams {
     };
 
     EncoderStreams();
-    ~EncoderStreams();
+    virtual ~EncoderStreams();
     EncoderStreams(const EncoderStreams&) = delete;
     EncoderStreams& operator=(const EncoderStreams&) = delete;
 
-    EncoderError beInitStream(const BE_CONFIG& config, Sizes& sizes, std::uint32_t& handle);
+    virtual EncoderError beInitStream(const BE_CONFIG& config, Sizes& sizes, std::uint32_t& handle);
     /// `samples` is interleaved where the stream has two channels; a half frame at its end is left out.
     /// `written` is how many bytes of `output` hold the result.
-    EncoderError beEncodeChunk(std::uint32_t handle, std::span<const std::int16_t> samples,
-                               std::span<unsigned char> output, std::uint32_t& written);
+    virtual EncoderError beEncodeChunk(std::uint32_t handle, std::span<const std::int16_t> samples,
+                                       std::span<unsigned char> output, std::uint32_t& written);
     /// What the encoder still holds. Nothing can be encoded after it.
-    EncoderError beDeinitStream(std::uint32_t handle, std::span<unsigned char> output,
-                                std::uint32_t& written);
-    EncoderError beCloseStream(std::uint32_t handle);
+    virtual EncoderError beDeinitStream(std::uint32_t handle, std::span<unsigned char> output,
+                                        std::uint32_t& written);
+    virtual EncoderError beCloseStream(std::uint32_t handle);
 
  private:
     class Stream;

@@ -39,7 +39,7 @@ constexpr std::array<StoredList, 2> storedLists{
 }  // namespace
 
 Encoding::Encoding(Studio& studio, Parts parts)
-    : studio_(studio), parts_(parts), encoder_(studio, parts.loop) {
+    : studio_(studio), parts_(parts), encoder_(studio, parts.loop, parts.streams) {
     auto& Record = studio_.Record;
     Record.Command20.acted = [this] { Command20_Click(); };
     for (const auto& stored : storedLists) {
@@ -119,11 +119,12 @@ void Encoding::encodeSource() {
     Record.Command20.setEnabled(true);
     Record.CmdStopRecording.setEnabled(false);
     encoding_ = true;
-    const bool tried = EncodeFile(source, Record.OutPutPath.text());
+    // A failure of the encoder's own is passed over: no text of the library's reaches the user.
+    const bool isMade = EncodeFile(source, Record.OutPutPath.text()).isMade;
     encoding_ = false;
     // A window that was closed meanwhile leaves the source as it is.
     if (studio_.recorder.closings != closings || parts_.loop.ended()) return;
-    if (tried) {
+    if (isMade) {
         Record.Text6.set(withOtherEnding(source, ".mp3"));
         if (Record.Check3.ticked()) removeFile(source);
     }
@@ -149,9 +150,9 @@ void Encoding::AutoEncode() {
 
 // The file
 
-bool Encoding::EncodeFile(const std::string& source, const std::string&) {
+Encoding::Outcome Encoding::EncodeFile(const std::string& source, const std::string&) {
     const std::string target = chooseTarget(source);
-    return !target.empty() && EncodeStream(source, target);
+    return target.empty() ? Outcome{} : EncodeStream(source, target);
 }
 
 /// Empty when there is none.
@@ -185,39 +186,54 @@ std::string Encoding::askForTarget() {
     return chosen;
 }
 
-bool Encoding::EncodeStream(const std::string& source, const std::string& target) {
+Encoding::Outcome Encoding::EncodeStream(const std::string& source, const std::string& target) {
     auto& Record = studio_.Record;
     std::error_code failed;
     std::filesystem::current_path(parts_.directories.program, failed);
     if (!fileExists(source)) {
         parts_.log.show("Source File not found...");
         reset();
-        return false;
+        return {};
     }
     studio_.recorder.EncodeCancel = false;
     const int quality = Record.Combo3.index();
     if (quality < 0 || quality >= static_cast<int>(encoderQualities.size())) {
         parts_.dialogs.messageBox(BoxKind::plain, "Melvane", "You didn't select quality...");
-        return false;
+        return {};
     }
     if (Record.Combo4.text().empty()) {
         parts_.dialogs.messageBox(BoxKind::plain, "Melvane", "You didn't select Bitrate...");
-        return false;
+        return {};
     }
     const auto config = encoderSettings(Record.cbxFormat.index(), Record.Combo4.text(),
                                         encoderQualities[static_cast<std::size_t>(quality)]);
     const auto result = encoder_.encode(source, target, config);
     if (result.isWhole) parts_.log.show("Finished Encoding " + Record.Text6.text());
     if (!result.isWritten) parts_.log.add(target + " could not be written as a whole; its source is kept.");
-    return result.isWritten;
+    return {result.isWritten, result.failure};
+}
+
+namespace {
+
+std::string raised(const Encoding::Outcome& outcome) {
+    return outcome.failure ? outcome.failure->source + ": " + outcome.failure->text : std::string();
+}
+
+}  // namespace
+
+std::string Encoding::encodeFile(const std::string& source, const std::string& target) {
+    return raised(EncodeFile(source, target));
+}
+std::string Encoding::encodeStream(const std::string& source, const std::string& target) {
+    return raised(EncodeStream(source, target));
 }
 
 void Encoding::listNames(NameTables& tables) {
     auto& operations = tables.operations;
     operations.add("Record", "Command20_Click", this, &Encoding::Command20_Click);
     operations.add("Record", "AutoEncode", this, &Encoding::AutoEncode);
-    operations.add("Record", "EncodeFile", this, &Encoding::EncodeFile);
-    operations.add("Record", "EncodeStream", this, &Encoding::EncodeStream);
+    operations.add("Record", "EncodeFile", this, &Encoding::encodeFile);
+    operations.add("Record", "EncodeStream", this, &Encoding::encodeStream);
 }
 
 }  // namespace melvane

@@ -19,6 +19,7 @@ class Encoding {
         Clock& clock;
         EventLoop& loop;
         const Directories& directories;
+        EncoderStreams& streams;
     };
     Encoding(Studio& studio, Parts parts);
 
@@ -30,10 +31,16 @@ class Encoding {
     void Command20_Click();
     /// After a recording: two seconds later what it made is encoded.
     void AutoEncode();
-    /// False when nothing was tried, because the user gave no usable name or there is nothing to go by. The
-    /// second name is not looked at: the target has that of the source, or the one that the user gives.
-    bool EncodeFile(const std::string& source, const std::string& target);
-    bool EncodeStream(const std::string& source, const std::string& target);
+    /// What an encoding came to.
+    struct Outcome {
+        /// False when there is no MP3 to go on with: the user gave no usable name, there is nothing to go by,
+        /// or the disk did not take it.
+        bool isMade = false;
+        std::optional<EncoderFailure> failure = {};  ///< the encoder's own
+    };
+    /// The second name is not looked at: the target has that of the source, or the one that the user gives.
+    Outcome EncodeFile(const std::string& source, const std::string& target);
+    Outcome EncodeStream(const std::string& source, const std::string& target);
 
     void listNames(NameTables& tables);
 
@@ -44,6 +51,10 @@ class Encoding {
     std::string chooseTarget(const std::string& source);
     std::string askForTarget();
     void reset();
+
+    // As scripts call them: what the encoder raised, or an empty text.
+    std::string encodeFile(const std::string& source, const std::string& target);
+    std::string encodeStream(const std::string& source, const std::string& target);
 
     Studio& studio_;
     Parts parts_;

@@ -14,7 +14,7 @@ RecorderCommands::RecorderCommands(Studio& studio, Parts parts)
       file(studio, log, parts.dialogs),
       buttons(studio, {audio, dialogs, file, parts.output, parts.player}),
       encoding(studio, {log, parts.settings, parts.dialogs, parts.desktop, parts.clock, parts.loop,
-                        parts.directories}),
+                        parts.directories, streams}),
       run(studio,
           {log, capture, audio, dialogs, encoding, parts.player, parts.clock, parts.loop, parts.directories}),
       window(studio, {parts.settings, parts.mainWindow, parts.toolWindows, mci, capture, audio, encoding,

@@ -43,6 +43,7 @@ class RecorderCommands final : public PlaybackRecorder {
     OpenDialogs dialogs;
     RecordedFile file;
     PlayerButtons buttons;
+    EncoderStreams streams;
     Encoding encoding;
     RecordingRun run;
     RecorderWindowCommands window;

@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t headerSize = 44, sampleSize = 2;  // bytes
 
+EncoderFailure failureOf(EncoderError error) { return {"Lame", errorText(error)}; }
+
 }  // namespace
 
 /// One encoding, with what it holds on to.
@@ -61,7 +63,7 @@ WavEncoder::Result WavEncoder::encode(const std::string& source, const std::stri
                                       const BE_CONFIG& config) {
     Job job(streams_);
     const EncoderError refused = streams_.beInitStream(config, job.sizes, job.handle);
-    if (refused != EncoderError::none) return {false, refused};
+    if (refused != EncoderError::none) return {false, failureOf(refused)};
     std::error_code failed;
     const auto total = std::filesystem::file_size(source, failed);
     if (failed) return {};
@@ -71,9 +73,9 @@ WavEncoder::Result WavEncoder::encode(const std::string& source, const std::stri
     job.makeRoom();
     job.reading.ReadBytes(job.input(headerSize));
     const EncoderError error = encodeChunks(job, total);
-    if (error != EncoderError::none) return {false, error};
+    if (error != EncoderError::none) return {false, failureOf(error)};
     job.flush();
-    return {true, error, job.isWritten};
+    return {true, {}, job.isWritten};
 }
 
 EncoderError WavEncoder::encodeChunks(Job& job, std::uint64_t total) {

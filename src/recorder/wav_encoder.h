@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,20 +10,28 @@
 
 namespace melvane {
 
+/// What the encoder refused to do, as it is passed up.
+struct EncoderFailure {
+    std::string source;  ///< who says so
+    std::string text;
+    bool operator==(const EncoderFailure&) const = default;
+};
+
 /// Encodes one file chunk by chunk into another, serving events after each chunk; EncodeCancel ends it early,
 /// and what was made up to then is a whole stream. The first 44 bytes of the source are taken for a header
 /// and the rest for 16-bit samples, whatever it is. As many bytes are encoded as the source has with its
 /// header, so the last chunk ends in what the block held before.
 class WavEncoder {
  public:
-    WavEncoder(Studio& studio, EventLoop& loop) : studio_(studio), loop_(loop) {}
+    WavEncoder(Studio& studio, EventLoop& loop, EncoderStreams& streams)
+        : studio_(studio), loop_(loop), streams_(streams) {}
 
     struct Result {
-        bool isWhole = false;                     ///< the stream was closed as it should be, cancelled or not
-        EncoderError error = EncoderError::none;  ///< of the encoder, which ended it
-        bool isWritten = true;                    ///< the disk took all of it
+        bool isWhole = false;  ///< the stream was closed as it should be, cancelled or not
+        std::optional<EncoderFailure> failure = {};  ///< what ended it
+        bool isWritten = true;                       ///< the disk took all of it
     };
-    /// A target that exists is left alone. After an error it stays as far as it was written.
+    /// A target that exists is left alone. After a failure it stays as far as it was written.
     Result encode(const std::string& source, const std::string& target, const BE_CONFIG& config);
 
     /// "42.70%".
@@ -35,7 +44,7 @@ class WavEncoder {
 
     Studio& studio_;
     EventLoop& loop_;
-    EncoderStreams streams_;
+    EncoderStreams& streams_;
 };
 
 }  // namespace melvane

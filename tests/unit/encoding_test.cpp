@@ -63,33 +63,43 @@ TEST_F(EncodingTest, TheWindowShowsTheProgress) {
 
 TEST_F(EncodingTest, AnEncodingStoppedHalfWayLeavesHalfAnMp3AndWithTheTickNoWave) {
     window().Check3.set(true);
-    const std::string wav = tone("a.wav", 1152 * 40);
+    const std::string wav = tone("a.wav", 1152 * 40 - 22);  // 40 chunks with the header
     std::string told;
     atTurn([&](int turn) {
         if (turn != 20) return;
+        told = window().Status.text();
         press();
-        told = window().Command20.caption() + std::to_string(window().CmdrecordSNG.enabled()) +
-               window().Status.text();
+        told += window().Command20.caption() + std::to_string(window().CmdrecordSNG.enabled()) +
+                window().Status.text();
     });
+    const std::string bytes = read(wav);
     encode(wav);
-    EXPECT_EQ(told, "Encode File1");
+    EXPECT_EQ(told, "50.00%Encode File1");
     EXPECT_EQ(erbox(), "Finished Encoding " + wav);
     EXPECT_FALSE(exists(wav));
-    EXPECT_NEAR(static_cast<double>(decode(folder.file("a.mp3")).frames), 21 * 1152, 3 * 1152);
+    // The press is seen behind the next chunk, and the stream is closed as one that has come to its end.
+    EXPECT_EQ(read(folder.file("a.mp3")), mp3Of(bytes, chosen(), 21));
+    EXPECT_NE(read(folder.file("a.mp3")), mp3Of(bytes, chosen(), 20));
     EXPECT_EQ(window().Status.text(), "");
 }
 
 TEST_F(EncodingTest, APressAfterTheCancellingWaitsForItsEnd) {
     const std::string wav = tone("a.wav", 1152 * 10);
+    const std::string other = tone("b.wav", 1152 * 10);
     atTurn([&](int turn) {
         if (turn != 2) return;
         press();
+        put(other);
         press();
         EXPECT_EQ(window().Command20.caption(), "Encode File");
+        EXPECT_TRUE(studio.recorder.EncodeCancel);
     });
     encode(wav);
     EXPECT_TRUE(dialogs.takeBoxes().empty());
-    EXPECT_LT(decode(folder.file("a.mp3")).frames, 6U * 1152U);
+    EXPECT_EQ(read(folder.file("a.mp3")), mp3Of(read(wav), chosen(), 3));
+    EXPECT_FALSE(exists(folder.file("b.mp3")));
+    encode(other);
+    EXPECT_EQ(read(folder.file("b.mp3")), mp3Of(read(other), chosen()));
 }
 
 TEST_F(EncodingTest, TheTickDeletesTheWaveAfterwards) {

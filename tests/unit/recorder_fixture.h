@@ -16,11 +16,18 @@ class RecorderTest : public ProgramTest {
         start();
         engine.recorder.window.Form_Load();
         media.log().take();
+        window().Erbox.changed = [this] { shown_.push_back(erbox()); };
     }
+    /// The recorder has gone to the program's folder, which goes with the test.
+    ~RecorderTest() override { std::filesystem::current_path("/"); }
+
     RecorderCommands& recorder() { return engine.recorder; }
     RecordControls& window() { return studio.Record; }
     std::string erbox() { return window().Erbox.text(); }
 
+    /// What Erbox showed since the last call, one message after the other; the same twice in a row counts
+    /// once.
+    Lines shown() { return std::exchange(shown_, {}); }
     /// The commands since the last call, with their answers, without their moments.
     Lines commands() {
         Lines lines;
@@ -57,6 +64,9 @@ class RecorderTest : public ProgramTest {
         std::ranges::sort(names);
         return names;
     }
+
+ private:
+    Lines shown_;
 };
 
 }  // namespace melvane::test
