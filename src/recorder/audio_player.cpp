@@ -11,7 +11,6 @@ namespace melvane {
 namespace {
 
 constexpr const char* alias = MciCommands::player;
-constexpr std::int64_t noWindow = 0;  // what is played has no picture
 
 std::int64_t wholeNumberOf(const std::string& text) {
     return narrowed<std::int64_t>(std::trunc(leadingNumber(text))).value_or(0);
@@ -22,7 +21,7 @@ std::int64_t wholeNumberOf(const std::string& text) {
 // Opening
 
 std::string AudioPlayer::open(const std::string& file, const std::string& name) {
-    return parts_.mci.MciOpenMedia(noWindow, name, file, MciCommands::playerType);
+    return parts_.mci.MciOpenMedia(pictureWindow ? pictureWindow() : 0, name, file, MciCommands::playerType);
 }
 
 void AudioPlayer::OpenMP3(const std::string& file, const std::string& name) {

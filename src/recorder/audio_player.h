@@ -1,4 +1,6 @@
 #pragma once
+#include <functional>
+
 #include "platform/event_loop.h"
 #include "recorder/mci_commands.h"
 #include "recorder/recorder_log.h"
@@ -32,6 +34,9 @@ class AudioPlayer {
     void togglePause();
     /// Shows the position of the moment; at the end it waits half a second.
     void refresh();
+
+    /// The handle of the window that what is played belongs to; without it there is none, which is 0.
+    std::function<std::int64_t()> pictureWindow;
 
     void listNames(NameTables& tables);
 

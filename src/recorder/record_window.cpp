@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "recorder/player_panel.h"
@@ -15,6 +17,11 @@ namespace melvane {
 namespace {
 
 constexpr int outerMargin = 12, space = 8;  // pixels
+
+/// The handle by which the system knows the widget; 0 where no system shows it.
+std::int64_t handleOf(const QWidget& widget) {
+    return QGuiApplication::platformName() == "offscreen" ? 0 : static_cast<std::int64_t>(widget.winId());
+}
 
 }  // namespace
 
@@ -29,12 +36,24 @@ Record::Record(Studio& studio, RecorderCommands& commands, QWidget* parent)
     rows->addWidget(recording);
     rows->addWidget(new PlayerPanel(studio.Record, commands.buttons, client()));
     rows->addStretch();
+    makePicture();
     for (QWidget* const part : findChildren<QWidget*>()) {
         part->setMouseTracking(true);
         part->installEventFilter(this);
     }
     setMouseTracking(true);
     resize(sizeAround(rows->sizeHint()));
+}
+
+/// Nobody sees it: the device wants a window for what it plays.
+void Record::makePicture() {
+    auto* const picture = new QWidget(client());
+    picture->setObjectName("picMP3");
+    picture->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    picture->hide();
+    commands_.audio.pictureWindow = [picture = QPointer<QWidget>(picture)] {
+        return picture != nullptr ? handleOf(*picture) : 0;
+    };
 }
 
 bool Record::eventFilter(QObject* watched, QEvent* event) {

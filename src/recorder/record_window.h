@@ -29,6 +29,7 @@ class Record : public FramedWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    void makePicture();
     bool handleMove(const QObject& watched);
     void tellPlace();
 

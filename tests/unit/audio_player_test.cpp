@@ -49,9 +49,104 @@ TEST_F(AudioPlayerTest, OpeningKeepsWhatTheDeviceSaysInWholeNumbers) {
 }
 
 TEST_F(AudioPlayerTest, ThePlainOpenSaysNothing) {
-    recorder().audio.OpenMpegFile(song());
+    const std::string file = song();
+    recorder().audio.OpenMpegFile(file);
     EXPECT_EQ(erbox(), "");
-    EXPECT_EQ(commands().size(), 1U);
+    EXPECT_EQ(commands(), (Lines{"\"open " + file +
+                                 " type MPEGVideo Alias audiomp3 parent 0 Style 1073741824\" -> 0 \"1\""}));
+    EXPECT_EQ(studio.recorder.MediaFrames, "");
+}
+
+TEST_F(AudioPlayerTest, WhatIsPlayedIsToldTheWindowThatItBelongsTo) {
+    const std::string file = song();
+    recorder().audio.pictureWindow = [] { return std::int64_t{4294967297}; };
+    recorder().audio.OpenMP3(file, "audiomp3");
+    EXPECT_EQ(commands().at(0), "\"open " + file +
+                                    " type MPEGVideo Alias audiomp3 parent 4294967297 Style 1073741824\" -> "
+                                    "0 \"1\"");
+}
+
+TEST_F(AudioPlayerTest, AFileThatTheDeviceDoesNotTakeIsToldAndKeepsThePropertiesOfTheOneBefore) {
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    shown();
+    media.setReply("open ", {9, "It is broken."});
+    recorder().audio.OpenMP3(write("b.mp3", "\xFF\xFB\xB0\xC0"), "audiomp3");
+    EXPECT_EQ(shown(), (Lines{"Error: Can't open this file. Try another file."}));
+    EXPECT_EQ(window().lblKhz.text() + " " + window().lblbitrate.text() + " " + window().lblmode.text(),
+              "44 128 stereo");
+    EXPECT_EQ(logged().back(), "Error: Can't open this file. Try another file.");
+}
+
+TEST_F(AudioPlayerTest, APlayAndItsStopTellTheirSteps) {
+    put(song());
+    at(2200, [this] { press(3); });
+    press(1);
+    EXPECT_EQ(shown(), (Lines{"File Opened", "Music Stopped", "Music File closed."}));
+    press(3);
+    EXPECT_EQ(shown(), (Lines{"Music File was previously stopped.", "Music File was previously closed."}));
+}
+
+TEST_F(AudioPlayerTest, APlayForgetsAPauseOfBefore) {
+    put(song());
+    studio.player.PauseRequested = true;
+    bool during = true;
+    at(700, [&] { during = studio.player.PauseRequested; });
+    press(1);
+    EXPECT_FALSE(during);
+    studio.player.PauseRequested = true;
+    put("");
+    press(1);
+    EXPECT_FALSE(studio.player.PauseRequested);
+}
+
+TEST_F(AudioPlayerTest, APlayForgetsTheStopsOfBefore) {
+    put(song());
+    studio.recorder.StopRequested = true;
+    studio.recorder.PlayerStopped = true;
+    std::string during;
+    at(700, [&] {
+        during =
+            std::to_string(studio.recorder.StopRequested) + std::to_string(studio.recorder.PlayerStopped);
+    });
+    press(1);
+    EXPECT_EQ(during, "00");
+    EXPECT_EQ(time.tickCount(), 10000);
+    studio.recorder.StopRequested = true;
+    media.setReply("play audiomp3", {8, "No sound here."});
+    press(1);
+    EXPECT_TRUE(studio.recorder.StopRequested);  // it did not begin
+}
+
+TEST_F(AudioPlayerTest, TheRefreshShowsWhereItStandsAndWaitsAtTheEnd) {
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    recorder().mci.MciPlay("audiomp3", "0", "0");
+    time.waitUntil(time.counter() + 4 * time.frequency());
+    recorder().audio.refresh();
+    EXPECT_EQ(window().Status.text() + " " + window().lblTime.text() + " " + studio.recorder.MediaPosition +
+                  " " + studio.recorder.MediaTimeSeconds,
+              "40 % 00:04 120 4");
+    EXPECT_EQ(window().L2.width(), RecordControls::barWidth * 4 / 10);
+    EXPECT_EQ(time.tickCount(), 4000);
+    time.waitUntil(time.counter() + 6 * time.frequency());
+    recorder().audio.refresh();
+    EXPECT_EQ(window().Status.text(), "100 %");
+    EXPECT_EQ(time.tickCount(), 10500);
+    recorder().mci.MciClose("audiomp3");
+    recorder().audio.refresh();
+    EXPECT_EQ(window().Status.text(), "");
+    EXPECT_EQ(window().lblTime.text(), "00:10");
+    EXPECT_EQ(time.tickCount(), 10500);
+}
+
+TEST_F(AudioPlayerTest, ThePositionIsShownInMinutesAndSecondsWithAllTheirDigits) {
+    media.setReply("status audiomp3 length", {0, "600000"});
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    studio.recorder.MediaFrameRate = "30";
+    media.setReply("status audiomp3 position", {0, "221279"});  // 7375 seconds and 29 frames
+    recorder().audio.refresh();
+    EXPECT_EQ(window().lblTime.text(), "122:55");
+    EXPECT_EQ(studio.recorder.MediaTimeSeconds, "7375");
+    EXPECT_EQ(window().Status.text(), "37 %");
 }
 
 TEST_F(AudioPlayerTest, TheOutputIsLetGoForAFile) {
@@ -198,6 +293,17 @@ TEST_F(AudioPlayerTest, TheDialogTakesAFileToPlayAndHidesTheToolWindows) {
     EXPECT_TRUE(window().Optsourcemid.ticked());
     press(0);
     EXPECT_EQ(window().Text6.text(), file);
+}
+
+TEST_F(AudioPlayerTest, ACaptureOutlivesADialogAndTheTutorialsOpen) {
+    window().Optsourcekeyboard.userPut(Value(1LL));
+    window().CmdrecordSNG.userPut(Value(1LL));
+    commands();
+    recorder().buttons.Cmd2_Click(0);
+    recorder().dialogs.C4_Click();
+    EXPECT_EQ(commands(), Lines(2, "\"Close audiomp3\" -> 263 \"The device is not open.\""));
+    window().CmdStopRecording.userPut(Value(1LL));
+    EXPECT_EQ(recordings().size(), 1U);
 }
 
 TEST_F(AudioPlayerTest, AScoreGoesOntoTheTablet) {

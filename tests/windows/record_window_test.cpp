@@ -76,6 +76,72 @@ TEST_F(RecordWindow, EachControlShowsWhatItHolds) {
     EXPECT_EQ(part<QAbstractButton>("Command20")->text(), "Stop Encoding");
 }
 
+TEST_F(RecordWindow, EverythingIsCalledByItsName) {
+    const std::tuple<const char*, const char*, const char*> buttons[] = {
+        {"Optsourcesng", "Notes (SNG)", "Record from SNG file or notes"},
+        {"Optsourcemid", "Files (MID)", "Record from MID file"},
+        {"Optsourcekeyboard", "Keyboard", "Record from MID file"},
+        {"CmdrecordSNG", "Start Recording", "Start Recording WAV File"},
+        {"CmdStopRecording", "Stop Recording", "Stop Recording"},
+        {"Command20", "Encode File", "Start Encoding from WAV file"},
+        {"CmdLog", "Show Log", "Show Recording Log"},
+        {"Command1", "Volume Control", "Show system sound mixer"},
+        {"Check2", "Auto-Encode to MP3", "Encode to MP3 automatically"},
+        {"Check3", "Delete WAV file", "Delete WAV file on completion of encoding"},
+        {"Check4", "Show Note position", "Show playing position"}};
+    for (const auto& [name, text, tip] : buttons) {
+        EXPECT_EQ(part<QAbstractButton>(name)->text(), text);
+        EXPECT_EQ(part<QAbstractButton>(name)->toolTip(), tip);
+    }
+    EXPECT_EQ(part("cbxFormat")->toolTip(), "Select WAV recording format");
+    EXPECT_EQ(part("Combo3")->toolTip(), "MP3 Quality Selector");
+    EXPECT_EQ(part("Combo4")->toolTip(), "MP3 Bitrate selector");
+    const std::pair<const char*, const char*> flat[] = {{"Open File", "Open File"},
+                                                        {"Play", "Play from File"},
+                                                        {"Pause", "Pause"},
+                                                        {"Stop", "Stop"},
+                                                        {"Save File As", "Open File"}};
+    for (int index = 0; index < 5; ++index) {
+        EXPECT_EQ(part(QString("Cmd2(%1)").arg(index))->toolTip(), flat[index].first);
+        EXPECT_EQ(part(QString("ImgR(%1)").arg(index))->toolTip(), flat[index].second);
+    }
+    QStringList shown;
+    for (const auto* const label : record->findChildren<QLabel*>()) shown.append(label->text());
+    for (const char* const text :
+         {"Recording Source:", "Recording Controls", "View Recording Log",
+          "Adjust System  Recording Settings", "WAV Recording Format", "MP3 Quality", "MP3 Bitrate", "kbps"})
+        EXPECT_EQ(shown.count(text), 1) << text;
+}
+
+TEST_F(RecordWindow, EachListShowsItsRows) {
+    const std::pair<const char*, QStringList> lists[] = {
+        {"cbxFormat",
+         {"44.100Hz, 8bit Mono, 43k/sec", "44.100Hz, 8bit Stereo, 86k/sec", "44.100Hz, 16bit Mono, 86k/sec",
+          "44.100Hz, 16bit Stereo, 172k/sec", "48.000Hz, 16bit Stereo, 192k/sec"}},
+        {"Combo3", {"Low", "Normal", "High", "Voice", "Phone", "Radio", "Tape", "Hifi", "CD", "Studio"}},
+        {"Combo4",
+         {"32", "40", "48", "56", "64", "80", "96", "112", "128", "160", "192", "224", "256", "320"}}};
+    for (const auto& [name, rows] : lists) {
+        const auto* const list = part<QComboBox>(name);
+        QStringList shown;
+        for (int row = 0; row < list->count(); ++row) shown.append(list->itemText(row));
+        EXPECT_EQ(shown, rows) << name;
+    }
+}
+
+TEST_F(RecordWindow, TheHiddenFieldsAreNotShown) {
+    for (const char* const name : {"InputPath", "OutPutPath", "Text2"})
+        EXPECT_EQ(record->findChild<QWidget*>(name), nullptr) << name;
+    EXPECT_TRUE(part("picMP3")->isHidden());
+}
+
+TEST_F(RecordWindow, WhatIsPlayedBelongsToAWindowWhereASystemShowsIt) {
+    ASSERT_TRUE(engine.recorder.audio.pictureWindow);
+    EXPECT_EQ(engine.recorder.audio.pictureWindow(), 0);  // these windows are pictures in memory
+    delete part("picMP3");
+    EXPECT_EQ(engine.recorder.audio.pictureWindow(), 0);
+}
+
 TEST_F(RecordWindow, WhatTheUserDoesReachesTheRecorder) {
     press("Optsourcemid");
     EXPECT_TRUE(studio.Record.Optsourcemid.ticked());
