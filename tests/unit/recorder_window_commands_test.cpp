@@ -75,6 +75,57 @@ TEST_F(RecorderWindowCommandsTest, ClosingItStopsAndClosesWhatIsOpenAndTheOutput
     EXPECT_EQ(commands(), Lines{});
 }
 
+TEST_F(RecorderWindowCommandsTest, EachLoadPutsTheDriverOfFilesIntoTheSystemsTable) {
+    for (const char* const other : {"other.drv", "None", "mciqtz.drv "}) {
+        recorder().mci.WriteMciEntry("MPEGVideo", other);
+        recorder().window.Form_Unload();
+        EXPECT_EQ(recorder().mci.ReadMciEntry("MPEGVideo"), other);
+        recorder().window.Form_Load();
+        EXPECT_EQ(desktop.readEntry("mci", "mpegvideo", ""), "mciqtz.drv");
+    }
+}
+
+/// A table of drivers that counts what is written into it.
+class CountingDesktop final : public DesktopWithoutEntries {
+ public:
+    int writes = 0;
+    bool openMixer() override { return false; }
+    std::vector<std::string_view> encoderFiles() const override { return {}; }
+    void writeEntry(const std::string& section, const std::string& key, const std::string& value) override {
+        ++writes;
+        DesktopWithoutEntries::writeEntry(section, key, value);
+    }
+};
+
+TEST_F(RecorderWindowCommandsTest, ADriverThatIsThereIsNotWrittenOnceMore) {
+    CountingDesktop counting;
+    Outside world{time,     time,  port,    media,
+                  counting, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Studio other;
+    Engine program(other, world, surfaces, frame, toolWindows);
+    program.recorder.window.Form_Load();
+    EXPECT_EQ(counting.writes, 1);
+    program.recorder.window.Form_Unload();
+    program.recorder.window.Form_Load();
+    EXPECT_EQ(counting.writes, 1);
+}
+
+TEST_F(RecorderWindowCommandsTest, EachLoadGoesToTheProgramsFolderAndTakesTheFolderOfRecordings) {
+    auto& state = studio.recorder;
+    const std::string songs = folder.file("Songs");
+    std::filesystem::current_path("/");
+    state.OpenFolder = state.SaveFolder = state.AudioFolder = "elsewhere";
+    recorder().window.Form_Load();
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), folder.path()));
+    EXPECT_EQ((Lines{state.SongsDir, state.OpenFolder, state.SaveFolder, state.AudioFolder}),
+              Lines(4, songs));
+    state.SongsDir = "none";
+    state.OpenFolder = state.SaveFolder = state.AudioFolder = "elsewhere";
+    recorder().window.Form_Load();
+    EXPECT_EQ((Lines{state.SongsDir, state.OpenFolder, state.SaveFolder, state.AudioFolder}),
+              (Lines{"none", "elsewhere", "elsewhere", "elsewhere"}));
+}
+
 TEST_F(RecorderWindowCommandsTest, OneSourceIsChosenAtATime) {
     window().Optsourcekeyboard.userPut(Value(1LL));
     EXPECT_FALSE(window().Optsourcesng.ticked());

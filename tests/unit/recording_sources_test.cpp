@@ -91,6 +91,24 @@ TEST_F(RecordingSourcesTest, TheStopOfAMidiRecordingIsRunTwice) {
     EXPECT_EQ(std::filesystem::file_size(recordings()[0]), 44U + 21U * 17640U);
 }
 
+TEST_F(RecordingSourcesTest, BetweenTheTwoStopsTheStopStaysInReachAndNothingElse) {
+    chooseMidi(midiFile());
+    std::string between;
+    at(2100, [this] { press(window().CmdStopRecording); });
+    at(2200, [&] {
+        between = std::to_string(window().CmdrecordSNG.enabled()) +
+                  std::to_string(window().CmdStopRecording.enabled()) +
+                  std::to_string(window().Picture7.enabled()) + window().Label8.text() +
+                  std::to_string(studio.player.RecordingSong);
+        press(window().CmdStopRecording);
+    });
+    record();
+    EXPECT_EQ(between, "010Recording0");
+    EXPECT_EQ(recordings().size(), 1U);
+    EXPECT_EQ(std::ranges::count(logged(), "File Can be saved"), 1);
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
 TEST_F(RecordingSourcesTest, AnotherSourceThanAMidiFileOpensTheDialog) {
     const std::string file = midiFile();
     chooseMidi(folder.file("song.wav"));
@@ -144,8 +162,12 @@ TEST_F(RecordingSourcesTest, AFailureInAMidiRunCancelsIt) {
     program.recorder.window.Form_Load();
     other.Record.Optsourcemid.userPut(Value(1LL));
     other.Record.Text6.set(midiFile());
+    Lines told;
+    other.Record.Erbox.changed = [&] { told.push_back(other.Record.Erbox.text()); };
     program.recorder.run.CmdrecordSNG_Click();
-    EXPECT_EQ(other.Record.Erbox.text(), "Recording Cancelled");
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(Lines(told.end() - 2, told.end()), (Lines{"An error occurred.", "Recording Cancelled"}));
+    EXPECT_NE(other.Record.Text2.text().find("Music Stopped"), std::string::npos);
     EXPECT_NE(other.Record.Text2.text().find("Music File closed."), std::string::npos);
     EXPECT_TRUE(other.Record.CmdrecordSNG.enabled());
 }
