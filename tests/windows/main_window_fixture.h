@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include "core/tablet_view.h"
+#include "kept_folder.h"
 #include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"
 #include "platform/scripted_dialogs.h"
@@ -61,6 +62,7 @@ class MainWindowTest : public testing::Test {
     /// The tablet as the user sees it.
     QColor seen(int x, int y) { return pixel(tablet().screenPicture(), x, y); }
 
+    KeptFolder keptFolder;
     TemporaryFolder folder;
     VirtualTime time;
     RecordingMidiPort port{time};
@@ -71,7 +73,8 @@ class MainWindowTest : public testing::Test {
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time,    time,  port,    media,
+                    desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
 };
 
