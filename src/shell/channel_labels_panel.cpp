@@ -1,11 +1,13 @@
 #include "shell/channel_labels_panel.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QPainter>
 #include <QPushButton>
 
 #include "core/qt_pixels.h"
 #include "shell/engine.h"
+#include "ui/qt_accessibility.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_style.h"
 
@@ -21,6 +23,7 @@ constexpr double corner = 4;
 ChannelLabel::ChannelLabel(TextControl& label, const QString& name, QWidget* parent)
     : QAbstractButton(parent), label_(label) {
     setObjectName(name);
+    setProperty(spokenAsChosen, false);
     setFixedSize(width, height);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
@@ -31,10 +34,16 @@ ChannelLabel::ChannelLabel(TextControl& label, const QString& name, QWidget* par
     });
 }
 
+bool ChannelLabel::isCurrent() const { return property(spokenAsChosen).toBool(); }
+
 void ChannelLabel::setCurrent(bool current) {
-    if (current == current_) return;
-    current_ = current;
+    if (current == isCurrent()) return;
+    setProperty(spokenAsChosen, current);
     update();
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void ChannelLabel::paintEvent(QPaintEvent*) {
@@ -42,7 +51,7 @@ void ChannelLabel::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = toQt(label_.backColour());
     const QRectF edge = QRectF(rect()).adjusted(1, 1, -1, -1);
-    painter.setPen(current_ ? QPen(palette::text, 2) : QPen(palette::panelEdge, 1));
+    painter.setPen(isCurrent() ? QPen(palette::text, 2) : QPen(palette::panelEdge, 1));
     painter.setBrush(isDown() ? ground.darker(110) : underMouse() ? ground.lighter(108) : ground);
     painter.drawRoundedRect(edge, corner, corner);
     if (hasFocus()) {
@@ -51,7 +60,7 @@ void ChannelLabel::paintEvent(QPaintEvent*) {
         painter.drawRoundedRect(edge.adjusted(2, 2, -2, -2), corner - 1, corner - 1);
     }
     QFont bold(font());
-    bold.setBold(current_);
+    bold.setBold(isCurrent());
     painter.setFont(bold);
     painter.setPen(readableOn(ground));
     painter.drawText(rect(), Qt::AlignCenter, text());

@@ -16,6 +16,7 @@ class ChannelLabel : public QAbstractButton {
  public:
     static constexpr int width = 28, height = 24;  // pixels
     ChannelLabel(TextControl& label, const QString& name, QWidget* parent);
+    bool isCurrent() const;
     void setCurrent(bool current);
 
  protected:
@@ -23,7 +24,6 @@ class ChannelLabel : public QAbstractButton {
 
  private:
     const TextControl& label_;
-    bool current_ = false;
 };
 
 /// The channel labels Label8 in their track colours: a click makes a track the current one. The button Check2

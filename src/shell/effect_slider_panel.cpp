@@ -7,6 +7,7 @@
 #include <array>
 
 #include "shell/engine.h"
+#include "ui/qt_accessibility.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_style.h"
 #include "ui/slider_panel.h"
@@ -38,7 +39,11 @@ class EffectGauge : public QWidget {
  public:
     EffectGauge(const char* name, const ScrollControl& value, QWidget* parent)
         : QWidget(parent), name_(name), value_(value) {
-        setAccessibleName(name_);
+        setProperty(spokenAsPicture, true);
+    }
+    void showValue() {
+        setAccessibleName(QStringLiteral("%1 %2").arg(name_).arg(value_.value()));
+        update();
     }
     QSize sizeHint() const override { return {wayLeft() + 48, (2 * rowHeight + rowSpace) / lines}; }
 
@@ -100,7 +105,7 @@ EffectReadoutPanel::EffectReadoutPanel(Studio& studio, QWidget* parent) : QFrame
     for (std::size_t at = 0; at < effectNames.size(); ++at) {
         auto& value = studio.form1.Picture10[at];
         auto* const gauge = new EffectGauge(effectNames[at], value, this);
-        bindShown(*gauge, value, [gauge] { gauge->update(); });
+        bindShown(*gauge, value, [gauge] { gauge->showValue(); });
         lines->addWidget(gauge);
     }
 }

@@ -17,7 +17,7 @@ namespace melvane {
 namespace {
 
 constexpr QSize usualSize(760, 520);
-constexpr int outerMargin = 12, listWidth = 180, pageMargin = 12, space = 8;  // pixels
+constexpr int outerMargin = 12, listWidth = 180, listMargin = 12, pageMargin = 12, space = 8;  // pixels
 const QString folder = ":/help/";
 
 QString textOf(const QString& file) {
@@ -65,6 +65,7 @@ HelpWindow::HelpWindow(Studio& studio, QWidget* parent)
     auto* const column = new QVBoxLayout(client());
     column->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
     column->addWidget(parts);
+    page_->setObjectName("page");
     page_->setAccessibleName("Topic");
     page_->setOpenLinks(false);
     page_->document()->setDocumentMargin(pageMargin);
@@ -91,6 +92,9 @@ QWidget* HelpWindow::makeContents() {
         auto* const item = new QListWidgetItem(headingOf(textOf(file)), topics_);
         item->setData(Qt::UserRole, file);
     }
+    topics_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    topics_->setTextElideMode(Qt::ElideRight);
+    topics_->setMinimumWidth(topics_->sizeHintForColumn(0) + listMargin);
     connect(topics_, &QListWidget::currentItemChanged, this, [this] { showPage(); });
     connect(words_, &QLineEdit::textChanged, this, [this] { search(); });
     return contents;

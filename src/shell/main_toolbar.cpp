@@ -42,7 +42,8 @@ void MainToolbar::addButtons(Studio& studio) {
     for (std::size_t at = 0; at < buttons_.size(); ++at) {
         const int index = static_cast<int>(at);
         if (std::ranges::count(groupStarts, index) > 0) row->addSpacing(groupSpace);
-        buttons_[at] = new FlatButton(index, studio.form1.Cmd2[at], studio.form1.ImgPic[at], QString(), this);
+        buttons_[at] =
+            new FlatButton(index, studio.form1.Cmd2[at], studio.form1.ImgPic[at], "No function", this);
         for (QWidget* const part : {buttons_[at]->picture(), buttons_[at]->button()}) {
             part->setMouseTracking(true);
             part->installEventFilter(this);

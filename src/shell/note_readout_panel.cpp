@@ -106,6 +106,7 @@ NoteInstrumentPanel::NoteInstrumentPanel(Studio& studio, QWidget* parent) : QFra
     test->setObjectName("Check4");
     test->setToolTip("Static note Test");
     bind(*test, model.Check4);
+    auto* const opener = makeOpener("CmdTest", "note_test", "Open the note test panel", this);
     auto* const undo = new QPushButton("Undo Effects", this);
     undo->setObjectName("CmdUndo");
     undo->setToolTip("Clear all chords and effects of the whole score");
@@ -117,7 +118,7 @@ NoteInstrumentPanel::NoteInstrumentPanel(Studio& studio, QWidget* parent) : QFra
     auto* const testRow = new QHBoxLayout;
     testRow->setSpacing(4);
     testRow->addWidget(test);
-    testRow->addWidget(makeOpener("CmdTest", "note_test", "Open the note test panel", this));
+    testRow->addWidget(opener);
     testRow->addStretch();
     grid.addLayout(testRow, 1, 1);
     grid.addWidget(undo, 1, 2);

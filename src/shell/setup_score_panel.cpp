@@ -101,8 +101,8 @@ void SetupScorePanel::addSpeed(Studio& studio, Engine& engine) {
         track->setObjectName(entry.strip);
         track->setToolTip(entry.tip);
         track->setAccessibleName(entry.tip);
-        bindShown(*track, slider, [track] { track->update(); });
-        bindNumber(*box, studio.Form3.*entry.number, [track] { track->update(); });
+        bindShown(*track, slider, [track] { track->showNumber(); });
+        bindNumber(*box, studio.Form3.*entry.number, [track] { track->showNumber(); });
         attachSetupSlider(*track, engine, entry.slider);
         gridOf(*this).addWidget(makeCaption(entry.caption, this), row, 0);
         gridOf(*this).addWidget(box, row, 1);

@@ -43,7 +43,7 @@ SliderTrack* makeTrack(const SoundEntry& entry, Engine& engine, QWidget* parent)
     track->setToolTip(
         QStringLiteral("%1 of the whole channel; the right button puts it to rest").arg(entry.tip));
     track->setAccessibleName(entry.tip);
-    bindShown(*track, slider, [track] { track->update(); });
+    bindShown(*track, slider, [track] { track->showNumber(); });
     attachSetupSlider(*track, engine, entry.slider);
     return track;
 }
@@ -57,7 +57,7 @@ QLabel* makeNumber(const SoundEntry& entry, TextControl& value, SliderTrack& tra
     number->setMinimumWidth(numberWidth);
     bindShown(*number, value, [number, &track, &value] {
         number->setText(QString::fromStdString(value.text()));
-        track.update();
+        track.showNumber();
     });
     return number;
 }

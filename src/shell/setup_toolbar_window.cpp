@@ -38,13 +38,20 @@ Form3::Form3(Studio& studio, Engine& engine, QWidget* parent)
     pages_->setObjectName("SSTab1");
     pages_->setAccessibleName("Pages of the Setup toolbar");
     pages_->tabBar()->setDrawBase(false);
-    auto* const setup = static_cast<QHBoxLayout*>(addPage("Setup")->layout());
+    auto* const setup =
+        static_cast<QHBoxLayout*>(addPage("Setup", "Channels, tempo and instruments")->layout());
     setup->addWidget(new SetupChannelsPanel(studio, engine, this), 0, Qt::AlignTop);
     setup->addSpacing(groupSpace);
     setup->addWidget(new SetupScorePanel(studio, engine, this), 1, Qt::AlignTop);
-    addPage("Sound")->layout()->addWidget(new SetupSoundPanel(studio, engine, this));
-    addPage("Chords")->layout()->addWidget(new SetupChordsPanel(studio, this));
-    addPage("Configuration")->layout()->addWidget(new SetupConfigurationPanel(studio, engine, this));
+    addPage("Sound", "Volume and effects of the channel")
+        ->layout()
+        ->addWidget(new SetupSoundPanel(studio, engine, this));
+    addPage("Chords", "Chords and strumming of the channels")
+        ->layout()
+        ->addWidget(new SetupChordsPanel(studio, this));
+    addPage("Configuration", "Size of the score, lines and MIDI device")
+        ->layout()
+        ->addWidget(new SetupConfigurationPanel(studio, engine, this));
     bindPages();
     fit();
 }
@@ -56,12 +63,12 @@ void Form3::bindPages() {
             [&page](int index) { page.userPut(static_cast<long long>(index)); });
 }
 
-QWidget* Form3::addPage(const char* title) {
+QWidget* Form3::addPage(const char* title, const char* tip) {
     auto* const page = new QWidget(pages_);
     auto* const row = new QHBoxLayout(page);
     row->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     row->setSpacing(0);
-    pages_->addTab(page, title);
+    pages_->setTabToolTip(pages_->addTab(page, title), tip);
     return page;
 }
 

@@ -25,7 +25,7 @@ class Form3 : public FramedWindow {
 
  private:
     void bindPages();
-    QWidget* addPage(const char* title);
+    QWidget* addPage(const char* title, const char* tip);
     void fit();
     void placeItself();
 

@@ -7,6 +7,7 @@
 #include "core/qt_column_lines.h"
 #include "core/shown_notes.h"
 #include "core/tested_note.h"
+#include "ui/qt_accessibility.h"
 #include "ui/qt_style.h"
 
 namespace melvane {
@@ -28,6 +29,7 @@ QColor paleColour(const Tracks& tracks, int track) {
 TestedColumnsView::TestedColumnsView(const Studio& studio, AreaControl& area, int height, QWidget* parent)
     : QWidget(parent), studio_(studio), area_(area) {
     setFixedHeight(height);
+    setProperty(spokenAsPicture, true);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

@@ -70,10 +70,10 @@ QWidget* makeKeyboardSlider(KeyboardSliders& sliders, KeyboardSliders::Slider sl
     track->setToolTip(QStringLiteral("%1; the right button puts it to rest").arg(caption));
     track->setMouseTracking(true);
     attach(*track, sliders, slider);
-    bindShown(*track, control, [track] { track->update(); });
+    bindShown(*track, control, [track] { track->showNumber(); });
     bindShown(*number, readout, [number, track, &readout] {
         number->setText(readable(readout.text()));
-        track->update();
+        track->showNumber();
     });
     auto* const grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -72,15 +72,18 @@ QWidget* frmsynth::makePages() {
     SSTab1_->tabBar()->setDrawBase(false);
     SSTab1_->setProperty("onGround", true);
     box->addWidget(SSTab1_);
-    addPage(new KeyboardSetupPanel(studio_, panel), "Setup");
-    addPage(new KeyboardComposePanel(studio_, commands_.sliders, panel), "Compose");
-    addPage(new KeyboardSoundPanel(studio_, commands_.sliders, panel), "Sound 1");
-    addPage(new KeyboardPlayingPanel(studio_, commands_.sliders, commands_.instrument, panel), "Sound  2");
+    addPage(new KeyboardSetupPanel(studio_, panel), "Setup", "MIDI device and key scheme");
+    addPage(new KeyboardComposePanel(studio_, commands_.sliders, panel), "Compose",
+            "Capture what is played, replay it and save it");
+    addPage(new KeyboardSoundPanel(studio_, commands_.sliders, panel), "Sound 1",
+            "Channel, effects and metronome");
+    addPage(new KeyboardPlayingPanel(studio_, commands_.sliders, commands_.instrument, panel), "Sound  2",
+            "Chords, strumming, instrument and octave");
     return panel;
 }
 
 /// A page that has not enough room can be scrolled.
-void frmsynth::addPage(QWidget* page, const QString& title) {
+void frmsynth::addPage(QWidget* page, const QString& title, const QString& tip) {
     auto* const around = new QWidget;
     auto* const box = new QVBoxLayout(around);
     box->addWidget(page, 1);
@@ -89,7 +92,7 @@ void frmsynth::addPage(QWidget* page, const QString& title) {
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(around);
-    SSTab1_->addTab(area, title);
+    SSTab1_->setTabToolTip(SSTab1_->addTab(area, title), tip);
 }
 
 void frmsynth::attachKeys() {

@@ -46,7 +46,7 @@ class frmsynth : public FramedWindow, public MainFrame {
  private:
     QSize usualSize() const;
     QWidget* makePages();
-    void addPage(QWidget* page, const QString& title);
+    void addPage(QWidget* page, const QString& title, const QString& tip);
     void attachKeys();
     void tellPlace();
     void followPages();

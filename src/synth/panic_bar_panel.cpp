@@ -6,6 +6,7 @@
 #include <QPainterPath>
 
 #include "core/qt_pixels.h"
+#include "ui/qt_accessibility.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_icons.h"
 #include "ui/qt_style.h"
@@ -22,6 +23,7 @@ constexpr double corner = 4, outline = 3;                       // pixels
 
 PanicBarPanel::PanicBarPanel(PanicBar& bar, QWidget* parent) : QWidget(parent), bar_(bar) {
     setObjectName("Label4");
+    setProperty(spokenAsPicture, true);
     setAccessibleName("Panic Bar");
     setMouseTracking(true);
     bindShown(*this, bar, [this] { update(); });

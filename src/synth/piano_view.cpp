@@ -8,6 +8,7 @@
 
 #include "core/qt_pixels.h"
 #include "synth/key_colours.h"
+#include "ui/qt_accessibility.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_style.h"
 
@@ -85,9 +86,9 @@ void paintBlack(QPainter& painter, const QRectF& box, const QColor& colour, bool
 KeyLabelField::KeyLabelField(KeyLabel& label, int index, QWidget* parent) : QLineEdit(parent), label_(label) {
     setObjectName(memberName("NoteX", index));
     setAccessibleName(QStringLiteral("Label of key %1").arg(index + 1));
+    setToolTip("Type the character that sounds this key");
     setProperty("key", true);
     setAlignment(Qt::AlignCenter);
-    setFocusPolicy(Qt::ClickFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
     QFont small(font());
     small.setPointSize(isBlackKey(index) ? blackLabelPoints : labelPoints);
@@ -99,12 +100,18 @@ KeyLabelField::KeyLabelField(KeyLabel& label, int index, QWidget* parent) : QLin
     });
     connect(this, &QLineEdit::textEdited, this,
             [&label](const QString& typed) { label.userPut(typed.toStdString()); });
+    followEdit();
+}
+
+/// The mouse and the Tab key come here while the labels are edited.
+void KeyLabelField::followEdit() {
     setAttribute(Qt::WA_TransparentForMouseEvents, !isEnabled());
+    setFocusPolicy(isEnabled() ? Qt::StrongFocus : Qt::NoFocus);
 }
 
 void KeyLabelField::changeEvent(QEvent* event) {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange) setAttribute(Qt::WA_TransparentForMouseEvents, !isEnabled());
+    if (event->type() == QEvent::EnabledChange) followEdit();
 }
 
 void KeyLabelField::paintEvent(QPaintEvent* event) {
@@ -125,6 +132,7 @@ void KeyLabelField::mousePressEvent(QMouseEvent*) { selectAll(); }
 
 PianoView::PianoView(Studio& studio, QWidget* parent) : QWidget(parent), studio_(studio) {
     setObjectName("Picture5");
+    setProperty(spokenAsPicture, true);
     setAccessibleName("Keys");
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);

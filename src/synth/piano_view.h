@@ -28,6 +28,8 @@ class KeyLabelField : public QLineEdit {
     void mouseDoubleClickEvent(QMouseEvent*) override { selectAll(); }
 
  private:
+    void followEdit();
+
     const KeyLabel& label_;
 };
 

@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <cmath>
 
+#include "ui/qt_accessibility.h"
 #include "ui/qt_icons.h"
 
 // The macro declares a function of the global namespace.
@@ -26,7 +27,7 @@ QFont interfaceFont() {
 }
 
 QPalette interfacePalette() {
-    QPalette colours(palette::text, palette::ground);
+    QPalette colours(palette::panel, palette::ground);
     colours.setColor(QPalette::Window, palette::ground);
     colours.setColor(QPalette::WindowText, palette::text);
     colours.setColor(QPalette::Base, palette::field);
@@ -36,6 +37,7 @@ QPalette interfacePalette() {
     colours.setColor(QPalette::Highlight, palette::accent);
     colours.setColor(QPalette::HighlightedText, Qt::white);
     colours.setColor(QPalette::Link, palette::accent);
+    colours.setColor(QPalette::LinkVisited, palette::accent);
     colours.setColor(QPalette::ToolTipBase, palette::field);
     colours.setColor(QPalette::ToolTipText, palette::text);
     colours.setColor(QPalette::PlaceholderText, palette::secondaryText);
@@ -57,6 +59,7 @@ double luminance(const QColor& colour) {
 
 void applyStyle(QApplication& application) {
     registerResources();
+    tellScreenReaders();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setFont(interfaceFont());
     QApplication::setPalette(interfacePalette());

@@ -1,11 +1,13 @@
 #include "ui/slider_panel.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "core/qt_mouse.h"
 #include "ui/qt_bindings.h"
@@ -23,6 +25,14 @@ constexpr int rowHeight = 24, rowSpace = 4;  // pixels
 SliderTrack::SliderTrack(SliderControl& control, QWidget* parent) : QWidget(parent), control_(control) {
     setFocusPolicy(Qt::StrongFocus);
     control_.pointerWidth = pointerWidth;
+}
+
+void SliderTrack::showNumber() {
+    update();
+    const int number = control_.number();
+    if (std::exchange(told_, number) == number) return;
+    QAccessibleValueChangeEvent changed(this, number);
+    QAccessible::updateAccessibility(&changed);
 }
 
 void SliderTrack::resizeEvent(QResizeEvent* event) {
@@ -86,10 +96,10 @@ SliderBox makeSlider(const SliderTexts& texts, SliderControl& slider, TextContro
     track->setObjectName(texts.track);
     track->setAccessibleName(texts.name);
     track->setToolTip(texts.tip);
-    bindShown(*track, slider, [track] { track->update(); });
+    bindShown(*track, slider, [track] { track->showNumber(); });
     bindShown(*number, value, [number, track, &value] {
         number->setText(QString::fromStdString(value.text()));
-        track->update();
+        track->showNumber();
     });
     auto* const grid = new QGridLayout;
     grid->setSpacing(rowSpace);

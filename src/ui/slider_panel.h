@@ -1,6 +1,7 @@
 #pragma once
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "core/controls.h"
 
@@ -8,8 +9,8 @@ class QGridLayout;
 
 namespace melvane {
 
-/// The track of a slider with its pointer. It shows a number and hands the mouse, the wheel and the arrow
-/// keys on; what they come to is decided elsewhere.
+/// The track of a slider with its pointer, a slider to screen readers too. It shows a number and hands the
+/// mouse, the wheel and the arrow keys on; what they come to is decided elsewhere.
 class SliderTrack : public QWidget {
     Q_OBJECT
 
@@ -18,6 +19,8 @@ class SliderTrack : public QWidget {
     /// Shows `number`, which `control` stands for, and tells the control how wide the track is.
     SliderTrack(SliderControl& control, QWidget* parent);
     SliderControl& control() const { return control_; }
+    /// The control has changed.
+    void showNumber();
 
     /// Button as 1 left, 2 right, 4 middle; x in pixels from the track's left edge.
     std::function<void(int button, double x)> pressed, moved, released;
@@ -38,6 +41,7 @@ class SliderTrack : public QWidget {
  private:
     SliderControl& control_;
     int wheelRest_ = 0;
+    std::optional<int> told_;  ///< the number that screen readers know
 };
 
 /// The texts of a slider and the names of its two widgets.

@@ -227,7 +227,7 @@ TEST_F(KeyboardWindowTest, TheTabKeyGoesOverThePagesInReadingOrder) {
             last = at;
         }
     }
-    EXPECT_FALSE(chain.contains("NoteX(0)")) << "a label is never a tab stop";
+    EXPECT_FALSE(chain.contains("NoteX(0)")) << "a label is no tab stop while it is not edited";
 }
 
 TEST_F(KeyboardWindowTest, ASlidersReadOutIsRoundedAndItsTextIsNot) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <array>
 #include <cmath>
 
 #include "core/qt_pixels.h"
@@ -44,6 +46,36 @@ TEST(Style, TextReadsOnItsGround) {
     EXPECT_GE(contrast(palette::text, palette::panel), 4.5);
     EXPECT_GE(contrast(palette::secondaryText, palette::panel), 4.5);
     EXPECT_GE(contrast(Qt::white, palette::accent), 4.5);
+}
+
+TEST(Style, NoColourIsLeftToTheDesktop) {
+    const QPalette ours = QApplication::palette();
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+        if (role == QPalette::NoRole) continue;
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            EXPECT_TRUE(ours.isBrushSet(group, static_cast<QPalette::ColorRole>(role))) << role;
+        }
+    }
+}
+
+TEST(Style, ADarkDesktopChangesNothing) {
+    const QPalette ours = QApplication::palette();
+    const QPalette dark(QColor(0x30, 0x30, 0x30), QColor(0x20, 0x20, 0x20));
+    constexpr std::array kinds{"QMenu",       "QLabel",    "QLineEdit", "QAbstractItemView",
+                               "QTextEdit",   "QCheckBox", "QTabBar",   "QMessageBoxLabel",
+                               "QToolButton", "QComboBox", "QToolTip"};
+    QApplication::setPalette(dark);
+    for (const char* const kind : kinds) QApplication::setPalette(dark, kind);
+    applyStyle(*qApp);
+    EXPECT_EQ(QApplication::palette(), ours);
+    for (const char* const kind : kinds) EXPECT_EQ(QApplication::palette(kind), ours) << kind;
+}
+
+TEST(Style, EdgesAreDarkerOrLighterThanTheirGround) {
+    const QPalette ours = QApplication::palette();
+    EXPECT_GT(ours.color(QPalette::Light).lightness(), palette::panel.lightness());
+    EXPECT_LT(ours.color(QPalette::Dark).lightness(), palette::panel.lightness());
+    EXPECT_GT(ours.color(QPalette::Light).lightness(), ours.color(QPalette::Mid).lightness());
 }
 
 TEST(Style, AnIconHasThreeStatesAndIsSharpAtEachRatio) {
