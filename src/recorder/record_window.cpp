@@ -3,13 +3,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QVBoxLayout>
 
 #include "recorder/player_panel.h"
 #include "recorder/recording_panel.h"
-#include "ui/flat_button_panel.h"
 #include "ui/qt_window_place.h"
 
 namespace melvane {
@@ -26,8 +24,8 @@ std::int64_t handleOf(const QWidget& widget) {
 }  // namespace
 
 Record::Record(Studio& studio, RecorderCommands& commands, QWidget* parent)
-    : FramedWindow(studio, {"Record", "Sound Recorder", {}, false, Qt::Tool}, parent),
-      studio_(studio),
+    : ToolWindow(studio, {"Record", "Sound Recorder", {}, false, Qt::Tool},
+                 {studio.Record.place, studio.shell.RecorderOpen}, parent),
       commands_(commands) {
     auto* const rows = new QVBoxLayout(client());
     rows->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
@@ -37,12 +35,7 @@ Record::Record(Studio& studio, RecorderCommands& commands, QWidget* parent)
     rows->addWidget(new PlayerPanel(studio.Record, commands.buttons, client()));
     rows->addStretch();
     makePicture();
-    for (QWidget* const part : findChildren<QWidget*>()) {
-        part->setMouseTracking(true);
-        part->installEventFilter(this);
-    }
-    setMouseTracking(true);
-    resize(sizeAround(rows->sizeHint()));
+    holdContents();
 }
 
 /// Nobody sees it: the device wants a window for what it plays.
@@ -56,74 +49,25 @@ void Record::makePicture() {
     };
 }
 
-bool Record::eventFilter(QObject* watched, QEvent* event) {
-    const bool moved = event->type() == QEvent::MouseMove &&
-                       static_cast<const QMouseEvent&>(*event).buttons() == Qt::NoButton;
-    // A larger font needs a larger window.
-    if (watched == client() && event->type() == QEvent::LayoutRequest) {
-        resize(size().expandedTo(sizeAround(client()->layout()->sizeHint())));
-    }
-    return (moved && handleMove(*watched)) || FramedWindow::eventFilter(watched, event);
-}
-
-/// Whether the move ends here: over a flat button, else it would reach the ground behind.
-bool Record::handleMove(const QObject& watched) {
-    const auto* const flat = qobject_cast<const FlatButton*>(watched.parent());
-    if (flat != nullptr && &watched == flat->button()) return true;
-    if (flat != nullptr && flat->picture()->isEnabled()) {
-        commands_.buttons.ImgR_MouseMove(flat->index(), 0, 0, 0, 0);
-        return true;
-    }
-    commands_.buttons.hideButtons();
-    return false;
-}
-
-bool Record::event(QEvent* event) {
-    const bool known = FramedWindow::event(event);
-    const auto type = event->type();
-    if (!loaded()) return known;
-    if (type == QEvent::WindowActivate) commands_.window.Form_Activate();
-    if (type == QEvent::Leave || type == QEvent::MouseMove) commands_.buttons.hideButtons();
-    return known;
-}
-
 void Record::setVisible(bool visible) {
     const QWidget* const front = QApplication::activeWindow();
     if (visible && isHidden() && front != nullptr && front->windowType() == Qt::Window)
         putBeforeActiveWindow(*this);
-    FramedWindow::setVisible(visible);
+    ToolWindow::setVisible(visible);
 }
 
-void Record::showEvent(QShowEvent* event) {
-    FramedWindow::showEvent(event);
-    if (loaded()) return;
-    auto& place = studio_.Record.place;
-    place.width = width() * double{twipsAPixel};
-    place.height = height() * double{twipsAPixel};
+void Record::load() {
     commands_.window.Form_Load();
-    moveOntoScreen(place.left, place.top);
-    tellPlace();
     findChild<QWidget*>("CmdrecordSNG")->setFocus();
 }
+
+void Record::comeToFront() { commands_.window.Form_Activate(); }
+void Record::comeNear(int button) { commands_.buttons.ImgR_MouseMove(button, 0, 0, 0, 0); }
+void Record::leaveButtons() { commands_.buttons.hideButtons(); }
 
 void Record::closeEvent(QCloseEvent* event) {
     event->accept();
     commands_.window.Form_Unload();
-}
-
-void Record::tellPlace() {
-    studio_.Record.place = {x() * double{twipsAPixel}, y() * double{twipsAPixel},
-                            width() * double{twipsAPixel}, height() * double{twipsAPixel}};
-}
-
-void Record::moveEvent(QMoveEvent* event) {
-    FramedWindow::moveEvent(event);
-    if (loaded()) tellPlace();
-}
-
-void Record::resizeEvent(QResizeEvent* event) {
-    FramedWindow::resizeEvent(event);
-    if (loaded()) tellPlace();
 }
 
 }  // namespace melvane

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QMouseEvent>
 #include <QToolButton>
 
 #include "shell/editing_fields_panel.h"
@@ -54,7 +53,8 @@ QToolButton* makeTracksButton(CheckControl& one, QWidget* parent) {
 }  // namespace
 
 Form2::Form2(Studio& studio, EditingToolbarCommands& commands, QWidget* parent)
-    : FramedWindow(studio, {"Form2", "Editing Toolbar", {}, false, Qt::Tool}, parent),
+    : ToolWindow(studio, {"Form2", "Editing Toolbar", {}, false, Qt::Tool},
+                 {studio.Form2.place, studio.shell.Form2Open}, parent),
       studio_(studio),
       commands_(commands) {
     auto* const rows = new QVBoxLayout(client());
@@ -65,12 +65,7 @@ Form2::Form2(Studio& studio, EditingToolbarCommands& commands, QWidget* parent)
     rows->addWidget(new EditingFieldsPanel(
         studio, [this](int index) { return makeButton(index); }, client()));
     rows->addStretch();
-    for (QWidget* const part : findChildren<QWidget*>()) {
-        part->setMouseTracking(true);
-        part->installEventFilter(this);
-    }
-    setMouseTracking(true);
-    resize(sizeAround(rows->sizeHint()));
+    holdContents();
 }
 
 // Parts
@@ -119,70 +114,21 @@ QWidget* Form2::makeButton(int index) {
 
 // Events
 
-bool Form2::eventFilter(QObject* watched, QEvent* event) {
-    const bool moved = event->type() == QEvent::MouseMove &&
-                       static_cast<const QMouseEvent&>(*event).buttons() == Qt::NoButton;
-    // A larger font needs a larger window.
-    if (watched == client() && event->type() == QEvent::LayoutRequest) {
-        resize(size().expandedTo(sizeAround(client()->layout()->sizeHint())));
-    }
-    return (moved && handleMove(*watched)) || FramedWindow::eventFilter(watched, event);
-}
-
-/// Whether the move ends here: over a flat button, else it would reach the ground behind.
-bool Form2::handleMove(const QObject& watched) {
-    const auto* const flat = qobject_cast<const FlatButton*>(watched.parent());
-    if (flat != nullptr && &watched == flat->button()) return true;
-    if (flat != nullptr && flat->picture()->isEnabled()) {
-        commands_.pictures.ImgPic_MouseMove(flat->index(), 0, 0, 0, 0);
-        return true;
-    }
-    commands_.pictures.hideButtons();
-    return false;
-}
-
-bool Form2::event(QEvent* event) {
-    const bool known = FramedWindow::event(event);
-    const auto type = event->type();
-    if (!loaded()) return known;
-    if (type == QEvent::WindowActivate) commands_.Form_Activate();
-    if (type == QEvent::Leave || type == QEvent::MouseMove) commands_.pictures.hideButtons();
-    return known;
-}
-
-void Form2::showEvent(QShowEvent* event) {
-    FramedWindow::showEvent(event);
-    if (loaded()) return;
-    auto& place = studio_.Form2.place;
-    place.width = width() * double{twipsAPixel};
-    place.height = height() * double{twipsAPixel};
+void Form2::load() {
     commands_.Form_Load();
-    moveOntoScreen(place.left, place.top);
-    tellPlace();
     // Not the first button: a stray blank key would clear the score.
     findChild<QWidget*>(memberName("ImgPic", playButton))->setFocus();
 }
+
+void Form2::comeToFront() { commands_.Form_Activate(); }
+void Form2::comeNear(int button) { commands_.pictures.ImgPic_MouseMove(button, 0, 0, 0, 0); }
+void Form2::leaveButtons() { commands_.pictures.hideButtons(); }
 
 void Form2::closeEvent(QCloseEvent* event) {
     event->accept();
     if (!loaded()) return;
     commands_.Form_QueryUnload();
     commands_.Form_Unload();
-}
-
-void Form2::tellPlace() {
-    studio_.Form2.place = {x() * double{twipsAPixel}, y() * double{twipsAPixel},
-                           width() * double{twipsAPixel}, height() * double{twipsAPixel}};
-}
-
-void Form2::moveEvent(QMoveEvent* event) {
-    FramedWindow::moveEvent(event);
-    if (loaded()) tellPlace();
-}
-
-void Form2::resizeEvent(QResizeEvent* event) {
-    FramedWindow::resizeEvent(event);
-    if (loaded()) tellPlace();
 }
 
 }  // namespace melvane

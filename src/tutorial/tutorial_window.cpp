@@ -49,7 +49,8 @@ void showMark(QPushButton& button, bool marked) {
 }  // namespace
 
 Wiz::Wiz(Studio& studio, Tutorial& tutorial, QWidget* parent)
-    : FramedWindow(studio, {"Wiz", "Melvane Wizard", {false, false, true}, false, Qt::Tool}, parent),
+    : ToolWindow(studio, {"Wiz", "Melvane Wizard", {false, false, true}, false, Qt::Tool},
+                 {studio.Wiz.place, studio.shell.WizardOpen}, parent),
       studio_(studio),
       tutorial_(tutorial),
       pages_(new QStackedWidget(client())) {
@@ -174,42 +175,15 @@ bool Wiz::eventFilter(QObject* watched, QEvent* event) {
             tutorial_.FrameStep_MouseMove(static_cast<int>(lesson));
         }
     }
-    return FramedWindow::eventFilter(watched, event);
+    return ToolWindow::eventFilter(watched, event);
 }
 
-bool Wiz::event(QEvent* event) {
-    const bool known = FramedWindow::event(event);
-    if (loaded() && event->type() == QEvent::WindowActivate) tutorial_.Form_Activate();
-    return known;
-}
-
-void Wiz::showEvent(QShowEvent* event) {
-    FramedWindow::showEvent(event);
-    if (loaded()) return;
-    auto& place = studio_.Wiz.place;
-    place.width = width() * double{twipsAPixel};
-    place.height = height() * double{twipsAPixel};
-    tutorial_.Form_Load();
-    moveOntoScreen(place.left, place.top);
-    tellPlace();
-    ApplySkin();
-}
+void Wiz::load() { tutorial_.Form_Load(); }
+void Wiz::comeToFront() { tutorial_.Form_Activate(); }
 
 void Wiz::closeEvent(QCloseEvent* event) {
     event->accept();
     if (loaded()) tutorial_.Form_Unload();
-}
-
-void Wiz::tellPlace() { studio_.Wiz.place = placeInTwips(); }
-
-void Wiz::moveEvent(QMoveEvent* event) {
-    FramedWindow::moveEvent(event);
-    if (loaded()) tellPlace();
-}
-
-void Wiz::resizeEvent(QResizeEvent* event) {
-    FramedWindow::resizeEvent(event);
-    if (loaded()) tellPlace();
 }
 
 double Wiz::labelTop(int lesson, int step) const {

@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "core/studio.h"
-#include "ui/framed_window.h"
+#include "ui/tool_window.h"
 
 class QFrame;
 class QPushButton;
@@ -13,21 +13,17 @@ namespace melvane {
 class Tutorial;
 
 /// The tutorial: a list of lessons, and the steps of the one in front. Shows studio.Wiz.
-class Wiz : public FramedWindow {
+class Wiz : public ToolWindow {
     Q_OBJECT
-    Q_PROPERTY(bool loaded READ loaded)
 
  public:
     Wiz(Studio& studio, Tutorial& tutorial, QWidget* parent);
     ~Wiz() override;
-    bool loaded() const { return studio_.shell.WizardOpen; }
 
  protected:
-    void showEvent(QShowEvent* event) override;
+    void load() override;
+    void comeToFront() override;
     void closeEvent(QCloseEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    bool event(QEvent* event) override;
     /// Watches the mouse over the lessons.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,7 +32,6 @@ class Wiz : public FramedWindow {
     QFrame* makeLesson(int index);
     QPushButton* makeStep(int lesson, int step, QWidget* parent);
     QWidget* makeShowTips();
-    void tellPlace();
     double labelTop(int lesson, int step) const;
 
     Studio& studio_;

@@ -68,15 +68,7 @@ bool FramedWindow::eventFilter(QObject* watched, QEvent* event) {
 bool FramedWindow::placesItself() const { return !QGuiApplication::platformName().startsWith("wayland"); }
 
 void FramedWindow::moveOntoScreen(double left, double top) {
-    const auto pixels = [](double twips) {
-        return qRound(std::clamp(twips / twipsAPixel, -32000.0, 32000.0));
-    };
-    const QPoint corner(pixels(left), pixels(top));
-    const QScreen* const there = QGuiApplication::screenAt(corner);
-    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-    const QSize spare = (room.size() - size()).expandedTo(QSize(0, 0));
-    move(std::clamp(corner.x(), room.left(), room.left() + spare.width()),
-         std::clamp(corner.y(), room.top(), room.top() + spare.height()));
+    placeOnScreen(*this, {pixelsOfTwips(left), pixelsOfTwips(top)});
 }
 
 WindowPlace FramedWindow::placeInTwips() const {
