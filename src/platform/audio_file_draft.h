@@ -4,8 +4,9 @@
 
 namespace melvane {
 
-/// A file that is complete or absent: it is written under a temporary name in the target's folder and takes
-/// the target's name when it is complete. An earlier file of that name stays until then.
+/// A file that is complete or absent: it is written without a name in the target's folder, or where that is
+/// not possible under a temporary one, and takes the target's name when it is complete. An earlier file of
+/// that name stays until then.
 class FileDraft {
  public:
     explicit FileDraft(std::string target);
@@ -14,7 +15,7 @@ class FileDraft {
     FileDraft(const FileDraft&) = delete;
     FileDraft& operator=(const FileDraft&) = delete;
 
-    /// Creates the temporary file, empty, open for reading and writing. The descriptor belongs to the draft.
+    /// Creates the file, empty, open for reading and writing. The descriptor belongs to the draft.
     /// -1 when that is not possible; errno then tells why.
     int open();
     /// Brings the content to the disk and gives it the target's name. One line when that fails.
@@ -23,10 +24,12 @@ class FileDraft {
     std::string failure(const std::string& reason) const;
 
  private:
+    bool takeName();
     void discard();
 
     std::string target_;
-    std::string temporary_;
+    std::string temporary_;  ///< empty: it has no name yet, or is the target itself
+    bool isTarget_ = false;
     int descriptor_ = -1;
 };
 

@@ -6,8 +6,9 @@
 
 namespace melvane {
 
-MediaCapture::MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes)
-    : sources_(sources), writer_(mostBytes) {}
+MediaCapture::MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes,
+                           std::vector<std::string> folders)
+    : sources_(sources), writer_(mostBytes, std::move(folders)) {}
 
 MediaCapture::~MediaCapture() {
     if (isRecording_) closeSource();
@@ -57,45 +58,63 @@ MediaDevice::Answer MediaCapture::openSource() {
         sources_.mix.setRing(&writer_.ring());
         return {};
     }
-    inputTap_ = std::make_shared<CaptureTap>();
-    inputTap_->setRing(&writer_.ring());
-    input_ = openInputInTime(sources_.openInput, inputTap_, sources_.inputPatience);
-    if (input_) return {};
-    inputTap_->setRing(nullptr);
-    writer_.forgetUnwritten();
+    input_ = std::make_unique<CaptureInput>(sources_.openInput, sources_.pace);
+    if (input_->isOpenInTime()) {
+        input_->feed(&writer_.ring());
+        return {};
+    }
+    input_.reset();
     return answerOf(MediaError::noInput);
 }
 
 void MediaCapture::closeSource() {
-    if (!input_) {
-        sources_.mix.setRing(nullptr);
-        return;
+    if (input_) {
+        input_->close();
+        dropInput();
     }
-    inputTap_->setRing(nullptr);
-    closeInput(sources_.inputPatience);
+    sources_.mix.letGo(writer_.ring());
 }
 
-void MediaCapture::closeInput(std::chrono::milliseconds patience) {
-    inputWasLost_ = inputWasLost_ || input_->isLost();
-    closeInputInTime(std::move(input_), patience);
+/// Its closing is not waited for.
+void MediaCapture::dropInput() {
+    const auto troubles = input_->troubles();
+    troubles_.wasLost = troubles_.wasLost || troubles.wasLost;
+    troubles_.neverOpened = troubles_.neverOpened || troubles.neverOpened;
+    troubles_.missing += troubles.missing;
+    troubles_.overruns += troubles.overruns;
     input_.reset();
 }
 
-void MediaCapture::expectFile() {
-    turnsToMix_ = isRecording_ && input_ && sources_.mix.isFree();
-    if (!turnsToMix_) return;
-    inputTap_->setRing(nullptr);
+void MediaCapture::turnToMix() {
+    input_->feed(nullptr);
     sources_.mix.setRing(&writer_.ring());
+}
+
+void MediaCapture::expectFile() {
+    const bool hasMix = sources_.mix.isFree() || sources_.mix.feeds(writer_.ring());
+    turnsToMix_ = isRecording_ && input_ && hasMix;
+    if (turnsToMix_) turnToMix();
 }
 
 void MediaCapture::noteFile(bool plays) {
     if (!std::exchange(turnsToMix_, false)) return;
     if (plays) {
-        closeInput(std::chrono::milliseconds(0));
-        return;
+        dropInput();
+    } else {
+        input_->feed(&writer_.ring(), &sources_.mix);
     }
-    sources_.mix.setRing(nullptr);
-    inputTap_->setRing(&writer_.ring());
+}
+
+void MediaCapture::noteOutput() {
+    if (!isRecording_) return;
+    const bool elsewhere = sources_.soundsElsewhere();
+    if (elsewhere && !input_) {
+        input_ = std::make_unique<CaptureInput>(sources_.openInput, sources_.pace);
+        input_->feed(&writer_.ring(), &sources_.mix);
+    } else if (!elsewhere && input_) {
+        expectFile();
+        noteFile(true);
+    }
 }
 
 MediaDevice::Answer MediaCapture::stop() {
@@ -103,7 +122,20 @@ MediaDevice::Answer MediaCapture::stop() {
     closeSource();
     writer_.finish();
     const Answer faults = writer_.faults();
-    return faults.code == 0 && inputWasLost_ ? answerOf(MediaError::inputLost) : faults;
+    return faults.code == 0 ? inputFaults() : faults;
+}
+
+MediaDevice::Answer MediaCapture::inputFaults() const {
+    if (troubles_.wasLost) {
+        const auto tenths = (troubles_.missing.count() + 99) / 100;
+        return answerOf(MediaError::inputLost, "Missing seconds: " + std::to_string(tenths / 10) + "." +
+                                                   std::to_string(tenths % 10));
+    }
+    if (troubles_.neverOpened) return answerOf(MediaError::noInput);
+    if (troubles_.overruns > 0) {
+        return answerOf(MediaError::inputOverran, "Times: " + std::to_string(troubles_.overruns));
+    }
+    return {};
 }
 
 /// An empty file would pass for the recording that could not be begun.
@@ -117,7 +149,7 @@ MediaDevice::Answer MediaCapture::save(const std::string& path) {
 
 MediaDevice::Answer MediaCapture::erase() {
     writer_.clear();
-    inputWasLost_ = false;
+    troubles_ = {};
     recordFailure_ = {};
     return {};
 }

@@ -1,10 +1,12 @@
 #pragma once
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
+#include "platform/media_capture_input.h"
 #include "platform/media_capture_writer.h"
 #include "platform/media_unit.h"
-#include "platform/sound_input.h"
 
 namespace melvane {
 
@@ -15,15 +17,15 @@ struct CaptureSources {
     /// Whether what is to be recorded is played by another device than the built-in synthesizer.
     std::function<bool()> soundsElsewhere;
     SoundInput::Opener openInput;
-    std::chrono::milliseconds inputPatience{1000};
+    CaptureInput::Pace pace;
 };
 
 /// The device "waveaudio": records the program's own sound, or the machine's sound input while another MIDI
-/// output is in use.
+/// output is in use. It follows the outputs while it records.
 class MediaCapture final : public MediaUnit {
  public:
-    /// `mostBytes`: of a recording.
-    explicit MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes = mostWaveData);
+    /// `mostBytes`: of a recording. `folders`: where it may lie until it is saved, the first that takes it.
+    MediaCapture(const CaptureSources& sources, std::uint64_t mostBytes, std::vector<std::string> folders);
     ~MediaCapture() override;
     MediaCapture(const MediaCapture&) = delete;
     MediaCapture& operator=(const MediaCapture&) = delete;
@@ -34,6 +36,9 @@ class MediaCapture final : public MediaUnit {
     /// frame.
     void expectFile() override;
     void noteFile(bool plays) override;
+    /// Another output that now sounds alone is recorded by the input as soon as that is open; once the
+    /// built-in synthesizer is back, the mix is recorded again.
+    void noteOutput() override;
 
     /// A code when there is no place on the disk for recordings; it is of no use then.
     MediaDevice::Answer readiness() const { return writer_.readiness(); }
@@ -47,16 +52,17 @@ class MediaCapture final : public MediaUnit {
     Answer save(const std::string& path);
     Answer erase();
     void closeSource();
-    void closeInput(std::chrono::milliseconds patience);
+    void turnToMix();
+    void dropInput();
+    Answer inputFaults() const;
     Answer length() const;
 
     const CaptureSources sources_;
     CaptureWriter writer_;
-    std::shared_ptr<CaptureTap> inputTap_;  ///< one for each input, since one that hangs keeps its own
-    std::unique_ptr<SoundInput> input_;
+    std::unique_ptr<CaptureInput> input_;
     bool isRecording_ = false;
     bool turnsToMix_ = false;  ///< the mix has the ring while the input is still open
-    bool inputWasLost_ = false;
+    CaptureInput::Troubles troubles_;
     Answer recordFailure_;  ///< of the last start; a code of 0 when it was none
 };
 

@@ -30,10 +30,17 @@ class CaptureTap final : public SoundTap {
     }
 
     bool isFree() const { return into_ == nullptr; }
+    bool feeds(const CaptureRing& ring) const { return into_ == &ring; }
     /// From now on what is heard goes there; null: nowhere. Returns once no block is on its way to the former
     /// one. Not the hearing thread.
     void setRing(CaptureRing* ring) {
         into_ = ring;
+        while (hearing_) std::this_thread::yield();
+    }
+    /// The same with null, if that is where it goes.
+    void letGo(CaptureRing& ring) {
+        CaptureRing* there = &ring;
+        into_.compare_exchange_strong(there, nullptr);
         while (hearing_) std::this_thread::yield();
     }
 

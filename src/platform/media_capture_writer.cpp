@@ -13,7 +13,14 @@ bool writeWhole(int descriptor, std::string_view bytes) {
     return write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
 }
 
+std::string_view padding(std::uint64_t bytes) { return {"\0", bytes % 2}; }
+
 }  // namespace
+
+void CaptureWriter::start() {
+    runs_ = true;
+    worker_.start();
+}
 
 void CaptureWriter::writeDown(bool isLast) {
     std::size_t count = 0;
@@ -30,16 +37,13 @@ void CaptureWriter::writeDown(bool isLast) {
 void CaptureWriter::finish() {
     worker_.stop();
     writeDown(true);
+    runs_ = false;
 }
 
 void CaptureWriter::emptyRing() {
     while (ring_.ring.pop(sound_) > 0) {
     }
     ring_.lostFrames = 0;
-}
-
-void CaptureWriter::forgetUnwritten() {
-    worker_.between([this] { emptyRing(); });
 }
 
 void CaptureWriter::clear() {
@@ -64,19 +68,24 @@ MediaDevice::Answer CaptureWriter::faults() const {
 }
 
 MediaDevice::Answer CaptureWriter::save(const std::string& path) {
-    MediaDevice::Answer answer;
     worker_.doNow();
-    worker_.between([&] {
-        const std::uint64_t bytes = frames() * static_cast<unsigned>(format().alignment());
-        FileDraft draft(path);
-        const int descriptor = draft.open();
-        const bool written = descriptor >= 0 && writeWhole(descriptor, waveHeader(format(), bytes)) &&
-                             spool_.copyTo(descriptor, bytes) &&
-                             (bytes % 2 == 0 || writeWhole(descriptor, std::string_view("\0", 1)));
-        const auto failure = written ? draft.complete() : draft.failure(lastSystemError());
-        if (failure) answer = answerOf(MediaError::notSaved, *failure);
-    });
-    return answer;
+    const std::uint64_t bytes = frames() * static_cast<unsigned>(format().alignment());
+    const bool isDone = !runs_ && spool_.nameIt(path, waveHeader(format(), bytes), bytes, padding(bytes));
+    return isDone ? MediaDevice::Answer{} : saveCopy(path, bytes);
+}
+
+/// What is there stays as it is, so writing down goes on meanwhile.
+MediaDevice::Answer CaptureWriter::saveCopy(const std::string& path, std::uint64_t bytes) {
+    int source = -1;
+    worker_.between([&] { source = spool_.duplicate(); });
+    FileDraft draft(path);
+    const int descriptor = draft.open();
+    const bool written = descriptor >= 0 && writeWhole(descriptor, waveHeader(format(), bytes)) &&
+                         copySpool(source, spool_.headSize(), bytes, descriptor) &&
+                         writeWhole(descriptor, padding(bytes));
+    const auto failure = written ? draft.complete() : draft.failure(lastSystemError());
+    if (source >= 0) close(source);
+    return failure ? answerOf(MediaError::notSaved, *failure) : MediaDevice::Answer{};
 }
 
 }  // namespace melvane

@@ -17,8 +17,9 @@ namespace melvane {
 /// while a recording runs. User-interface thread otherwise.
 class CaptureWriter {
  public:
-    /// `mostBytes`: of a recording.
-    explicit CaptureWriter(std::uint64_t mostBytes) : spool_(mostBytes) {}
+    /// `mostBytes`: of a recording. `folders`: for its spool, the first that takes it.
+    CaptureWriter(std::uint64_t mostBytes, std::vector<std::string> folders)
+        : spool_(mostBytes, waveHeaderSize, std::move(folders)) {}
     ~CaptureWriter() { worker_.stop(); }
     CaptureWriter(const CaptureWriter&) = delete;
     CaptureWriter& operator=(const CaptureWriter&) = delete;
@@ -31,11 +32,9 @@ class CaptureWriter {
     /// Where sound is to be put while it runs.
     CaptureRing& ring() { return ring_; }
 
-    void start() { worker_.start(); }
+    void start();
     /// Writes what is in the ring, to its end. Nothing may be put there any more.
     void finish();
-    /// Passes over what is in the ring. Only while nothing runs.
-    void forgetUnwritten();
     void clear();
     /// Any thread.
     void catchUp() { worker_.doNow(); }
@@ -46,13 +45,15 @@ class CaptureWriter {
     MediaDevice::Answer readiness() const;
     /// What went wrong since the last clear(); a code of 0 when nothing did.
     MediaDevice::Answer faults() const;
-    /// Writes a WAV file that is complete or absent.
+    /// Makes a WAV file that is complete or absent. Takes no time that depends on its length, but while it
+    /// runs, or when the file lies on another file system than the spool.
     MediaDevice::Answer save(const std::string& path);
 
  private:
     void emptyRing();
     void writeDown() { writeDown(false); }
     void writeDown(bool isLast);
+    MediaDevice::Answer saveCopy(const std::string& path, std::uint64_t bytes);
 
     CaptureRing ring_;
     Spool spool_;
@@ -60,6 +61,7 @@ class CaptureWriter {
     std::vector<float> sound_ = std::vector<float>(8192 * soundChannels);
     std::string bytes_;
     std::atomic<std::uint64_t> written_{0};
+    bool runs_ = false;
     MediaWorker worker_{[this] { writeDown(); }};
 };
 

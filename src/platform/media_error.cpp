@@ -26,6 +26,8 @@ constexpr std::array texts{
     std::pair{MediaError::inputLost, "The sound input was lost during the recording."},
     std::pair{MediaError::notSaved, "The recording is not saved."},
     std::pair{MediaError::noSpool, "No temporary file can be made to record into:"},
+    std::pair{MediaError::inputOverran, "The sound input was read too late, and sound was lost."},
+    std::pair{MediaError::tooLarge, "The file is too large: a MIDI file may have 16 MB."},
 };
 
 }  // namespace

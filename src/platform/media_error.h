@@ -24,6 +24,8 @@ enum class MediaError {
     inputLost = 333,
     notSaved = 334,
     noSpool = 335,
+    inputOverran = 336,
+    tooLarge = 337,
 };
 
 /// The answer with its code and its text, and behind that `detail`, where there is one.

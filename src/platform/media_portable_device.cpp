@@ -68,8 +68,10 @@ MediaDevice::Answer PortableMediaDevice::open(const MediaCommand& command) {
 
 MediaDevice::Answer PortableMediaDevice::openCapture(const std::string& alias) {
     const auto soundsElsewhere = [this] { return setting_.soundsElsewhere() && !aFilePlays(); };
-    const CaptureSources sources{mixTap_, soundsElsewhere, setting_.openInput, setting_.inputPatience};
-    auto capture = std::make_unique<MediaCapture>(sources, setting_.mostCaptureBytes);
+    const CaptureSources sources{mixTap_, soundsElsewhere, setting_.openInput, setting_.inputPace};
+    std::vector<std::string> folders = spoolFolders();
+    folders.insert(folders.begin(), setting_.recordingsFolder());
+    auto capture = std::make_unique<MediaCapture>(sources, setting_.mostCaptureBytes, std::move(folders));
     Answer answer = capture->readiness();
     if (answer.code == 0) units_[alias] = std::move(capture);
     return answer;
@@ -112,6 +114,10 @@ MediaDevice::Answer PortableMediaDevice::startFile(MediaUnit& unit, const MediaC
     const Answer answer = unit.act(command);
     for (const auto& [alias, each] : units_) each->noteFile(unit.isPlaying());
     return answer;
+}
+
+void PortableMediaDevice::noteOutput() {
+    for (const auto& [alias, unit] : units_) unit->noteOutput();
 }
 
 void PortableMediaDevice::catchUp() {

@@ -21,7 +21,9 @@ class PortableMediaDevice final : public MediaDevice {
         SoundInput::Opener openInput = &openMachineInput;
         /// From the moment of a block to its being heard.
         double outputDelaySeconds = 0.030;
-        std::chrono::milliseconds inputPatience{1000};
+        CaptureInput::Pace inputPace = {};
+        /// Where recordings will be saved; they lie there from the start, without a name. Empty: unknown.
+        std::function<std::string()> recordingsFolder = [] { return std::string(); };
         std::uint64_t mostCaptureBytes = mostWaveData;
     };
 
@@ -33,6 +35,8 @@ class PortableMediaDevice final : public MediaDevice {
 
     SoundSource& voices() { return voices_; }
     SoundTap& tap() { return mixTap_; }
+    /// A MIDI output has been opened. User-interface thread.
+    void noteOutput();
     /// Does at once what the threads of captures and players do now and then, for a stream that is rendered
     /// faster than it is heard. User-interface thread.
     void catchUp();

@@ -7,79 +7,142 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <string>
+#include <utility>
 
 #include "platform/audio_file_draft.h"
+#include "platform/nameless_file.h"
 
 namespace melvane {
 
 namespace {
 
-int makeNameless(const std::string& folder) {
+/// Bytes after which they are sent to the disk, so that little is left to do when the file gets its name.
+constexpr std::uint64_t writeOutStep = 4U << 20U;
+
+/// Where nameless files do not exist. It cannot get a name again.
+int makeAndUnlink(const std::string& folder) {
     std::string name = folder + "/melvane.XXXXXX";
     const int descriptor = mkostemp(name.data(), O_CLOEXEC);
     if (descriptor >= 0) unlink(name.c_str());
     return descriptor;
 }
 
-/// In the chosen folder for temporary files, else on the disk rather than in a folder that may lie in memory,
-/// which hours of sound would fill.
-int makeFile() {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
-    const char* const chosen = std::getenv("TMPDIR");
-    for (const char* const folder : {chosen, "/var/tmp", "/tmp"}) {
-        if (folder == nullptr || *folder == '\0') continue;
-        if (const int descriptor = makeNameless(folder); descriptor >= 0) return descriptor;
-    }
-    return -1;
+int makeIn(const std::string& folder) {
+    const int descriptor = openNameless(folder);
+    return descriptor >= 0 ? descriptor : makeAndUnlink(folder);
 }
 
-/// Bytes written before the first failure.
-std::size_t writeMuch(int descriptor, std::string_view bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t written = write(descriptor, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) break;
-        done += static_cast<std::size_t>(written);
+/// -1 when no folder takes it.
+int makeFile(const std::vector<std::string>& folders) {
+    int descriptor = -1;
+    for (const std::string& folder : folders) {
+        if (!folder.empty() && descriptor < 0) descriptor = makeIn(folder);
     }
-    return done;
+    return descriptor;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
 }
 
 }  // namespace
 
-Spool::Spool(std::uint64_t mostBytes) : most_(mostBytes), descriptor_(makeFile()) {
-    if (descriptor_ < 0) failure_ = lastSystemError();
+std::vector<std::string> spoolFolders() {
+    std::vector<std::string> folders{"/var/tmp", "/tmp"};
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing changes the environment
+    const char* const chosen = std::getenv("TMPDIR");
+    if (chosen != nullptr && *chosen != '\0') folders.insert(folders.begin(), chosen);
+    return folders;
+}
+
+Spool::Spool(std::uint64_t mostBytes, std::size_t headSize, std::vector<std::string> folders)
+    : most_(mostBytes), headSize_(headSize), folders_(std::move(folders)) {
+    useFile(makeFile(folders_));
 }
 
 Spool::~Spool() {
     if (descriptor_ >= 0) close(descriptor_);
 }
 
+/// The former file is left.
+void Spool::useFile(int descriptor) {
+    if (descriptor < 0) failure_ = lastSystemError();
+    if (descriptor_ >= 0) close(descriptor_);
+    descriptor_ = descriptor;
+    writtenOut_ = 0;
+    isNamed_ = false;
+}
+
 bool Spool::append(std::string_view bytes) {
-    if (failure_) return false;
+    if (failure_ || (isNamed_ && !bytes.empty() && !leaveName())) return false;
     const auto fitting = static_cast<std::size_t>(std::min<std::uint64_t>(bytes.size(), most_ - size_));
-    const std::size_t written = writeMuch(descriptor_, bytes.substr(0, fitting));
-    size_ += written;
+    const std::size_t written = writeAt(descriptor_, bytes.substr(0, fitting), headSize_ + size_);
     if (written < fitting) failure_ = lastSystemError();
+    size_ += written;
+    writeOut();
     return written == bytes.size();
+}
+
+/// A failure shows later, when the file gets its name.
+void Spool::writeOut() {
+    if (size_ - writtenOut_ < writeOutStep) return;
+    sync_file_range(descriptor_, static_cast<off_t>(writtenOut_), static_cast<off_t>(size_ - writtenOut_),
+                    SYNC_FILE_RANGE_WRITE);
+    writtenOut_ = size_;
+}
+
+bool Spool::leaveName() {
+    const int fresh = makeFile(folders_);
+    if (fresh >= 0 && copySpool(descriptor_, 0, headSize_ + size_, fresh)) {
+        useFile(fresh);
+        return true;
+    }
+    failure_ = lastSystemError();
+    if (fresh >= 0) close(fresh);
+    return false;
 }
 
 void Spool::clear() {
     size_ = 0;
     failure_.reset();
-    if (ftruncate(descriptor_, 0) != 0 || lseek(descriptor_, 0, SEEK_SET) != 0) failure_ = lastSystemError();
+    writtenOut_ = 0;
+    if (isNamed_ || descriptor_ < 0) {
+        useFile(makeFile(folders_));
+    } else if (ftruncate(descriptor_, 0) != 0) {
+        failure_ = lastSystemError();
+    }
 }
 
-bool Spool::copyTo(int descriptor, std::uint64_t bytes) const {
+bool Spool::nameIt(const std::string& target, std::string_view head, std::uint64_t bytes,
+                   std::string_view tail) {
+    if (isNamed_ || descriptor_ < 0) return false;
+    const std::uint64_t end = headSize_ + bytes;
+    const auto stands = [this](std::string_view part, std::uint64_t place) {
+        return writeAt(descriptor_, part, place) == part.size();
+    };
+    if (!stands(head, 0) || ftruncate(descriptor_, static_cast<off_t>(end)) != 0) return false;
+    size_ = bytes;
+    isNamed_ = stands(tail, end) && fsync(descriptor_) == 0 && nameFile(descriptor_, target);
+    return isNamed_;
+}
+
+int Spool::duplicate() const { return fcntl(descriptor_, F_DUPFD_CLOEXEC, 0); }
+
+bool copySpool(int from, std::uint64_t place, std::uint64_t bytes, int to) {
     std::array<char, 1U << 16U> block{};
     for (std::uint64_t done = 0; done < bytes;) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), bytes - done));
-        const ssize_t count = pread(descriptor_, block.data(), wanted, static_cast<off_t>(done));
+        const ssize_t count = pread(from, block.data(), wanted, static_cast<off_t>(place + done));
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return false;
         const auto read = static_cast<std::size_t>(count);
-        if (writeMuch(descriptor, {block.data(), read}) < read) return false;
+        if (!writeAll(to, {block.data(), read})) return false;
         done += read;
     }
     return true;

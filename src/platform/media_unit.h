@@ -15,6 +15,8 @@ class MediaUnit {
     /// Another one is about to play a file. noteFile() always follows and tells whether it does.
     virtual void expectFile() {}
     virtual void noteFile(bool /*plays*/) {}
+    /// A MIDI output has been opened.
+    virtual void noteOutput() {}
     /// Does at once what the unit's own thread does now and then. Any thread.
     virtual void catchUp() {}
 };

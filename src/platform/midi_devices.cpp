@@ -54,6 +54,7 @@ MidiPort::Result MidiDevices::midiOutOpen(Handle& handle, int device) {
     }
     handle = ++lastHandle_;
     open_.emplace(handle, std::move(opened));
+    whenOpened();
     return ok;
 }
 

@@ -2,6 +2,7 @@
 #include <array>
 #include <bitset>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -32,6 +33,8 @@ class MidiDevices final : public MidiPort {
     Result midiOutShortMsg(Handle handle, std::uint32_t message) override;
     /// Whether ports of the system are open, and the built-in synthesizer is not.
     bool soundsElsewhere() const;
+    /// Called after each open that succeeded.
+    std::function<void()> whenOpened = [] {};
 
  private:
     /// A device behind a handle.

@@ -4,11 +4,8 @@
 
 #include <array>
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 #include <utility>
 
 #include "platform/sound_stream_errors.h"
@@ -35,6 +32,7 @@ class RtInput final : public SoundInput {
 
     bool openWith(RtAudio::Api api);
     bool isLost() const override { return lost_; }
+    std::uint64_t overruns() const override { return overruns_; }
 
  private:
     bool startStream(RtAudio::Api api);
@@ -45,6 +43,7 @@ class RtInput final : public SoundInput {
     std::shared_ptr<SoundTap> tap_;
     std::unique_ptr<RtAudio> audio_;
     std::atomic<bool> lost_{false};
+    std::atomic<std::uint64_t> overruns_{0};
 };
 
 bool RtInput::openWith(RtAudio::Api api) {
@@ -103,29 +102,13 @@ RtInput::~RtInput() {
     }
 }
 
-int RtInput::callback(void*, void* in, unsigned frames, double, RtAudioStreamStatus, void* self) {
+int RtInput::callback(void*, void* in, unsigned frames, double, RtAudioStreamStatus status, void* self) {
     auto& input = *static_cast<RtInput*>(self);
     lostFlagOfThisThread = &input.lost_;
     if (input.lost_) return abortStream;
+    if ((status & RTAUDIO_INPUT_OVERFLOW) != 0) ++input.overruns_;
     input.tap_->hear(std::span(static_cast<const float*>(in), frames * soundChannels), 0);
     return goOn;
-}
-
-/// What the caller and the thread that it may leave behind have in common.
-struct Opening {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool hasEnded = false;
-    bool isGivenUp = false;
-    std::unique_ptr<SoundInput> input;
-};
-
-void open(Opening& opening, const SoundInput::Opener& opener, const std::shared_ptr<SoundTap>& tap) {
-    std::unique_ptr<SoundInput> input = opener(tap);
-    const std::lock_guard lock(opening.mutex);
-    opening.hasEnded = true;
-    if (!opening.isGivenUp) opening.input = std::move(input);
-    opening.changed.notify_all();
 }
 
 }  // namespace
@@ -137,29 +120,6 @@ std::unique_ptr<SoundInput> openMachineInput(const std::shared_ptr<SoundTap>& ta
         if (input->openWith(api)) return input;
     }
     return nullptr;
-}
-
-std::unique_ptr<SoundInput> openInputInTime(const SoundInput::Opener& opener,
-                                            const std::shared_ptr<SoundTap>& tap,
-                                            std::chrono::milliseconds patience) {
-    const auto opening = std::make_shared<Opening>();
-    std::thread([opening, opener, tap] { open(*opening, opener, tap); }).detach();
-    std::unique_lock lock(opening->mutex);
-    opening->isGivenUp = !opening->changed.wait_for(lock, patience, [&] { return opening->hasEnded; });
-    return std::move(opening->input);
-}
-
-void closeInputInTime(std::unique_ptr<SoundInput> input, std::chrono::milliseconds patience) {
-    const auto closing = std::make_shared<Opening>();
-    closing->input = std::move(input);
-    std::thread([closing] {
-        closing->input.reset();
-        const std::lock_guard lock(closing->mutex);
-        closing->hasEnded = true;
-        closing->changed.notify_all();
-    }).detach();
-    std::unique_lock lock(closing->mutex);
-    closing->changed.wait_for(lock, patience, [&] { return closing->hasEnded; });
 }
 
 }  // namespace melvane

@@ -1,5 +1,5 @@
 #pragma once
-#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -17,17 +17,12 @@ class SoundInput {
     virtual ~SoundInput() = default;
     /// The device or its server has failed; no block will follow. Any thread.
     virtual bool isLost() const = 0;
+    /// How often the machine was too slow for it, so that sound was lost. Any thread.
+    virtual std::uint64_t overruns() const { return 0; }
 };
 
 /// What the machine's output plays where that can be recorded, else the default input; by PulseAudio, else by
 /// ALSA. Takes as long as the sound server likes.
 std::unique_ptr<SoundInput> openMachineInput(const std::shared_ptr<SoundTap>& tap);
-
-/// The same with an end of patience, after which a server that hangs is left behind and the answer is null.
-std::unique_ptr<SoundInput> openInputInTime(const SoundInput::Opener& opener,
-                                            const std::shared_ptr<SoundTap>& tap,
-                                            std::chrono::milliseconds patience);
-/// Closes it; a server that hangs is left behind.
-void closeInputInTime(std::unique_ptr<SoundInput> input, std::chrono::milliseconds patience);
 
 }  // namespace melvane

@@ -14,15 +14,18 @@ using namespace sound_test;
 
 /// What an input that is fed by hand has in common with its test.
 struct Hand {
-    bool lost = false;
-    std::atomic<int> open{0};
-    std::function<void()> whenAsked = [] {};   ///< whether it is lost, before it is closed
+    std::atomic<bool> lost{false};
+    std::atomic<std::uint64_t> overruns{0};
+    std::atomic<int> open{0}, openedTimes{0};
     std::function<void()> whenClosed = [] {};  ///< on the closing thread
 };
 
 class HandInput final : public SoundInput {
  public:
-    explicit HandInput(Hand& hand) : hand_(hand) { ++hand_.open; }
+    explicit HandInput(Hand& hand) : hand_(hand) {
+        ++hand_.open;
+        ++hand_.openedTimes;
+    }
     ~HandInput() override {
         hand_.whenClosed();
         --hand_.open;
@@ -30,10 +33,8 @@ class HandInput final : public SoundInput {
     }
     HandInput(const HandInput&) = delete;
     HandInput& operator=(const HandInput&) = delete;
-    bool isLost() const override {
-        hand_.whenAsked();
-        return hand_.lost;
-    }
+    bool isLost() const override { return hand_.lost; }
+    std::uint64_t overruns() const override { return hand_.overruns; }
 
  private:
     Hand& hand_;
@@ -43,8 +44,9 @@ class CapturingFromInput : public Capturing {
  protected:
     void SetUp() override {
         elsewhere = true;
+        setting.inputPace.look = setting.inputPace.again = std::chrono::milliseconds(1);
         setting.openInput = [this](const std::shared_ptr<SoundTap>& to) -> std::unique_ptr<SoundInput> {
-            tap = to;
+            (opens ? tap : deafTap) = to;
             if (opens) return std::make_unique<HandInput>(hand);
             to->hear(tone, 0);
             return nullptr;
@@ -66,15 +68,22 @@ class CapturingFromInput : public Capturing {
         inputDevice->send("close all");
         for (int open = hand.open; open > 0; open = hand.open) hand.open.wait(open);
     }
+    long length() {
+        inputDevice->catchUp();
+        return std::stol(inputDevice->send("status capture length").text);
+    }
+    /// Whether a second recording could take it.
+    bool isMixFree() { return static_cast<CaptureTap&>(inputDevice->tap()).isFree(); }
     std::vector<float> renderBlock() {
         std::vector<float> block(2000);
         stream->render(stream->handOver(), block, [] { return 0; });
         return block;
     }
 
-    bool opens = true;
+    std::atomic<bool> opens{true};
     Hand hand;
     std::shared_ptr<SoundTap> tap;
+    std::shared_ptr<SoundTap> deafTap;  ///< of an input that did not open
     std::unique_ptr<PortableMediaDevice> inputDevice;
     std::unique_ptr<SoundMixer> stream;
     const std::vector<float> tone = stereoTone(440, 0.5, 0.25, 1000);
@@ -101,6 +110,98 @@ TEST_F(CapturingFromInput, TellsThatTheInputWasLostAndKeepsTheRest) {
     EXPECT_EQ(samplesIn(path), samplesOf(tone));
 }
 
+/// Waits for what a thread of the capture does.
+template <typename Condition>
+bool comesTrue(Condition condition) {
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!condition() && std::chrono::steady_clock::now() < patience) std::this_thread::yield();
+    return condition();
+}
+
+TEST_F(CapturingFromInput, OpensTheInputAnewWhenItIsLostAndTellsOfTheGap) {
+    EXPECT_EQ(send("record capture"), 0);
+    tap->hear(tone, 0);
+    opens = false;
+    hand.lost = true;
+    ASSERT_TRUE(comesTrue([&] { return hand.open == 0; }));
+    std::this_thread::yield();
+    hand.lost = false;
+    opens = true;
+    ASSERT_TRUE(comesTrue([&] { return hand.openedTimes == 2; }));
+    // It is heard from the moment on at which the capture has taken it.
+    const auto before = length();
+    ASSERT_TRUE(comesTrue([&] {
+        tap->hear(tone, 0);
+        return length() > before;
+    }));
+    const auto answer = inputDevice->send("stop capture");
+    EXPECT_EQ(answer.code, static_cast<int>(MediaError::inputLost));
+    EXPECT_EQ(answer.text.find("The sound input was lost during the recording. Missing seconds: "), 0U)
+        << answer.text;
+    EXPECT_EQ(send("save capture " + path), 0);
+    auto wanted = samplesOf(tone);
+    const auto again = wanted;
+    const auto saved = samplesIn(path);
+    for (std::size_t at = again.size(); at < saved.size(); at += again.size()) {
+        wanted.insert(wanted.end(), again.begin(), again.end());
+    }
+    EXPECT_GT(saved.size(), again.size());
+    EXPECT_EQ(saved, wanted);
+    EXPECT_EQ(send("delete capture"), 0);
+    EXPECT_EQ(send("record capture"), 0);
+    EXPECT_EQ(send("stop capture"), 0) << "another recording";
+}
+
+TEST_F(CapturingFromInput, TellsThatItWasReadTooLate) {
+    EXPECT_EQ(send("record capture"), 0);
+    hand.overruns = 3;
+    const auto answer = inputDevice->send("stop capture");
+    EXPECT_EQ(answer.code, static_cast<int>(MediaError::inputOverran));
+    EXPECT_EQ(answer.text, "The sound input was read too late, and sound was lost. Times: 3");
+}
+
+TEST_F(CapturingFromInput, FollowsTheMidiOutputs) {
+    elsewhere = false;
+    EXPECT_EQ(send("record capture"), 0);
+    EXPECT_EQ(hand.openedTimes, 0);
+    inputDevice->tap().hear(tone, 0);
+    inputDevice->noteOutput();
+    EXPECT_EQ(hand.openedTimes, 0) << "the built-in synthesizer once more";
+    elsewhere = true;
+    inputDevice->noteOutput();
+    ASSERT_TRUE(comesTrue([&] { return hand.openedTimes == 1; }));
+    ASSERT_TRUE(comesTrue([&] { return isMixFree(); }));
+    EXPECT_NE(send("play capture"), 0) << "which waits until it has turned";
+    inputDevice->noteOutput();
+    EXPECT_EQ(hand.openedTimes, 1);
+    tap->hear(std::span(tone).first(200), 0);
+    inputDevice->tap().hear(tone, 0);
+    elsewhere = false;
+    inputDevice->noteOutput();
+    tap->hear(tone, 0);
+    inputDevice->tap().hear(std::span(tone).first(400), 0);
+    EXPECT_EQ(send("stop capture"), 0);
+    EXPECT_EQ(send("save capture " + path), 0);
+    auto wanted = samplesOf(tone);
+    for (const std::size_t part : {200U, 400U}) {
+        const auto more = samplesOf(std::span(tone).first(part));
+        wanted.insert(wanted.end(), more.begin(), more.end());
+    }
+    EXPECT_EQ(samplesIn(path), wanted);
+}
+
+TEST_F(CapturingFromInput, StaysWithTheMixUntilTheInputOfAnotherOutputIsOpen) {
+    elsewhere = false;
+    EXPECT_EQ(send("record capture"), 0);
+    elsewhere = true;
+    opens = false;
+    inputDevice->noteOutput();
+    inputDevice->tap().hear(tone, 0);
+    EXPECT_EQ(send("stop capture"), static_cast<int>(MediaError::noInput));
+    EXPECT_EQ(send("save capture " + path), 0);
+    EXPECT_EQ(samplesIn(path), samplesOf(tone));
+}
+
 TEST_F(CapturingFromInput, HasAFileThatIsPlayedOrResumedFromItsFirstFrame) {
     openTone();
     for (const bool isResumed : {false, true}) {
@@ -111,11 +212,16 @@ TEST_F(CapturingFromInput, HasAFileThatIsPlayedOrResumedFromItsFirstFrame) {
         EXPECT_EQ(send("delete capture"), 0);
         EXPECT_EQ(send("record capture"), 0);
         EXPECT_EQ(hand.open, 1);
-        // A block of the file is due before the input has been closed.
-        std::vector<float> heard;
-        hand.whenAsked = [&] { heard = renderBlock(); };
+        std::atomic<bool> closes{false};
+        hand.whenClosed = [&] { closes.wait(false); };
         EXPECT_EQ(send(isResumed ? "resume audiomp3" : "play audiomp3 from 0"), 0);
-        hand.whenAsked = [] {};
+        // A block of the file is due before the input has been closed.
+        auto heard = renderBlock();
+        EXPECT_EQ(hand.open, 1);
+        closes = true;
+        closes.notify_all();
+        while (hand.open > 0) hand.open.wait(1);
+        hand.whenClosed = [] {};
         const auto more = renderBlock();
         heard.insert(heard.end(), more.begin(), more.end());
         tap->hear(tone, 0);
@@ -148,7 +254,7 @@ TEST_F(CapturingFromInput, IsNotHeldUpByAnInputThatDoesNotClose) {
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(send("play audiomp3 from 0"), 0);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-    EXPECT_LT(took, setting.inputPatience);
+    EXPECT_LT(took, setting.inputPace.patience);
     EXPECT_EQ(hand.open, 1);
     goOn = true;
     goOn.notify_all();
@@ -198,7 +304,7 @@ TEST_F(CapturingFromInput, WritesNothingOfAnInputThatDoesNotOpen) {
     while (threadCount() > before && std::chrono::steady_clock::now() < patience) std::this_thread::yield();
     EXPECT_LE(threadCount(), before);
     EXPECT_EQ(send("set capture samplespersec 22050 channels 1 bitspersample 8"), 0);
-    tap->hear(tone, 0);
+    deafTap->hear(tone, 0);
     opens = true;
     EXPECT_EQ(send("record capture"), 0);
     EXPECT_EQ(send("stop capture"), 0);
@@ -222,7 +328,7 @@ TEST_F(Capturing, DoesNotWaitForAnInputThatHangs) {
     std::atomic<bool> goOn{false};
     std::atomic<int> ended{0};
     elsewhere = true;
-    setting.inputPatience = std::chrono::milliseconds(20);
+    setting.inputPace.patience = std::chrono::milliseconds(20);
     setting.openInput = [&](const std::shared_ptr<SoundTap>&) -> std::unique_ptr<SoundInput> {
         goOn.wait(false);
         ended = 1;

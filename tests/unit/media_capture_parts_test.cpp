@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <filesystem>
 #include <thread>
 
 #include "media_fixture.h"
@@ -52,20 +55,57 @@ TEST(SoundRing, BringsEveryValueOnceAndInOrderFromThreadToThread) {
 
 TEST(Spool, HoldsWhatItGotUpToItsBound) {
     const TemporaryFolder folder;
-    Spool spool(10);
+    Spool spool(10, 3, spoolFolders());
     EXPECT_TRUE(spool.append("1234567"));
     EXPECT_FALSE(spool.append("89abc"));
     EXPECT_TRUE(spool.isFull());
     EXPECT_EQ(spool.failure(), std::nullopt);
     const std::string path = folder.file("a");
     FileDraft draft(path);
-    ASSERT_TRUE(spool.copyTo(draft.open(), 10));
+    const int source = spool.duplicate();
+    ASSERT_TRUE(copySpool(source, spool.headSize(), 10, draft.open()));
+    EXPECT_FALSE(copySpool(source, spool.headSize(), 2, -1));
+    EXPECT_FALSE(copySpool(source, spool.headSize(), 11, source)) << "more than there is";
+    close(source);
     EXPECT_EQ(draft.complete(), std::nullopt);
-    EXPECT_EQ(bytesOf(path), "123456789a");
+    EXPECT_EQ(bytesOf(path).substr(0, 10), "123456789a");
     spool.clear();
     EXPECT_EQ(spool.size(), 0U);
     EXPECT_TRUE(spool.append("xy"));
-    EXPECT_FALSE(spool.copyTo(-1, 2));
+}
+
+TEST(Spool, IsTheFileThatItIsNamed) {
+    const TemporaryFolder folder;
+    Spool spool(100, 4, {folder.path().string()});
+    ASSERT_TRUE(spool.append("some bytes"));
+    const std::string path = folder.make("a", "earlier");
+    ASSERT_TRUE(spool.nameIt(path, "head", 9, "!"));
+    EXPECT_EQ(bytesOf(path), "headsome byte!");
+    EXPECT_EQ(spool.size(), 9U);
+    EXPECT_FALSE(spool.nameIt(folder.file("b"), "head", 9, "!")) << "a second name would be the same file";
+    ASSERT_TRUE(spool.append("S go on"));
+    EXPECT_EQ(bytesOf(path), "headsome byte!");
+    ASSERT_TRUE(spool.nameIt(folder.file("b"), "HEAD", 16, {}));
+    EXPECT_EQ(bytesOf(folder.file("b")), "HEADsome byteS go on");
+    spool.clear();
+    ASSERT_TRUE(spool.append("new"));
+    ASSERT_TRUE(spool.nameIt(folder.file("c"), "head", 3, {}));
+    EXPECT_EQ(bytesOf(folder.file("c")), "headnew");
+    EXPECT_EQ(bytesOf(folder.file("b")), "HEADsome byteS go on");
+    EXPECT_EQ(folder.fileCount(), 3U);
+}
+
+TEST(Spool, IsNotNamedWhereThatIsNotPossible) {
+    const TemporaryFolder folder;
+    Spool spool(100, 4, {"", "/none", folder.path().string()});
+    ASSERT_TRUE(spool.append("some bytes"));
+    std::filesystem::create_directory(folder.file("a"));
+    for (const std::string& path : {folder.file("none/a"), folder.file("a"), std::string("/proc/a")}) {
+        EXPECT_FALSE(spool.nameIt(path, "head", 10, {})) << path;
+    }
+    EXPECT_EQ(folder.fileCount(), 1U);
+    ASSERT_TRUE(spool.nameIt(folder.file("b"), "head", 10, {}));
+    EXPECT_EQ(bytesOf(folder.file("b")), "headsome bytes");
 }
 
 }  // namespace

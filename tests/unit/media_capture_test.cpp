@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
 
 #include "file_size_limit.h"
 #include "media_capture_fixture.h"
@@ -8,6 +11,19 @@ namespace melvane {
 namespace {
 
 using namespace sound_test;
+
+/// The numbers of the open files without a name that lie in the folder.
+std::vector<ino_t> namelessFilesIn(const std::filesystem::path& folder) {
+    std::vector<ino_t> numbers;
+    for (const auto& each : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code failed;
+        const std::string file = std::filesystem::read_symlink(each.path(), failed).string();
+        struct stat state {};
+        if (!file.starts_with(folder.string() + "/") || stat(each.path().c_str(), &state) != 0) continue;
+        if (state.st_nlink == 0) numbers.push_back(state.st_ino);
+    }
+    return numbers;
+}
 
 TEST_F(Capturing, SavesEverySampleOfTheMixFromTheStartToTheStop) {
     source.sound = stereoTone(440, 0.5, -1.5, 30 * soundRate);
@@ -178,7 +194,7 @@ TEST_F(Capturing, KeepsWhatThereIsWhenTheDiskIsFull) {
     openCapture();
     std::vector<float> heard;
     {
-        const test::FileSizeLimit limit(100'002);
+        const test::FileSizeLimit limit(waveHeaderSize + 100'002);
         done("record capture");
         heard = run(3.0);
         EXPECT_EQ(refused("stop capture"), MediaError::noRoom);
@@ -196,17 +212,98 @@ TEST_F(Capturing, KeepsTheEarlierFileWhenTheDiskIsFullAtTheSave) {
     folder.make("my take 1.wav", "earlier");
     openCapture();
     done("record capture");
-    run(3.0);
-    done("stop capture");
+    const auto heard = run(3.0);
+    device->catchUp();
     {
+        // While it goes on a copy is saved.
         const test::FileSizeLimit limit(100'000);
         EXPECT_EQ(refused("save capture " + path), MediaError::notSaved);
     }
     EXPECT_EQ(bytesOf(path), "earlier");
     EXPECT_EQ(folder.fileCount(), 1U);
+    done("stop capture");
     EXPECT_EQ(refused("save capture " + folder.file("none/a.wav")), MediaError::notSaved);
     done("save capture " + path);
-    EXPECT_EQ(bytesOf(path).size(), 44U + 3 * 176'400);
+    EXPECT_EQ(samplesIn(path), samplesOf(heard));
+}
+
+TEST_F(Capturing, NeedsNoRoomToBeSavedBesideItsSpool) {
+    folder.make("my take 1.wav", "earlier");
+    recordings = folder.path().string();
+    openCapture();
+    done("record capture");
+    const auto heard = run(3.0);
+    done("stop capture");
+    {
+        const test::FileSizeLimit limit(1000);
+        done("save capture " + path);
+    }
+    EXPECT_EQ(samplesIn(path), samplesOf(heard));
+    EXPECT_EQ(folder.fileCount(), 1U);
+}
+
+TEST_F(Capturing, IsNotCopiedWhenItIsSavedBesideItsSpool) {
+    recordings = folder.path().string();
+    openCapture();
+    done("record capture");
+    run(0.5);
+    EXPECT_EQ(folder.fileCount(), 0U) << "it has no name yet";
+    const auto before = namelessFilesIn(folder.path());
+    ASSERT_EQ(before.size(), 1U);
+    done("stop capture");
+    done("save capture " + path);
+    struct stat saved {};
+    ASSERT_EQ(stat(path.c_str(), &saved), 0);
+    EXPECT_EQ(saved.st_ino, before.front());
+    const mode_t mask = umask(0);
+    umask(mask);
+    EXPECT_EQ(saved.st_mode & 07777U, 0666U & ~mask);
+}
+
+TEST_F(Capturing, LeavesTheFileThatIsSavedAlone) {
+    recordings = folder.path().string();
+    openCapture();
+    done("record capture");
+    auto heard = run(0.5);
+    done("stop capture");
+    done("save capture " + path);
+    const std::string first = bytesOf(path);
+    const std::string second = folder.file("second.wav"), third = folder.file("third.wav");
+    done("save capture " + second);
+    EXPECT_EQ(bytesOf(second), first);
+    done("record capture");
+    const auto more = run(0.5);
+    done("stop capture");
+    done("save capture " + third);
+    EXPECT_EQ(bytesOf(path), first);
+    EXPECT_EQ(bytesOf(second), first);
+    heard.insert(heard.end(), more.begin(), more.end());
+    EXPECT_EQ(samplesIn(third), samplesOf(heard));
+    done("delete capture");
+    EXPECT_EQ(samplesIn(third), samplesOf(heard));
+    done("record capture");
+    const auto anew = run(0.25);
+    done("stop capture");
+    done("save capture " + path);
+    EXPECT_EQ(samplesIn(path), samplesOf(anew));
+    EXPECT_EQ(samplesIn(third), samplesOf(heard));
+}
+
+TEST_F(Capturing, SavesOntoAnotherFileSystem) {
+    // One of the two is not that of the folder; either way the file is whole.
+    for (const char* const where : {"/dev/shm", "/var/tmp"}) {
+        recordings = where;
+        openCapture();
+        done("record capture");
+        const auto heard = run(0.5);
+        done("stop capture");
+        done("save capture /dev/null");
+        EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+        done("save capture " + path);
+        EXPECT_EQ(samplesIn(path), samplesOf(heard)) << where;
+        done("close all");
+    }
+    EXPECT_EQ(folder.fileCount(), 1U);
 }
 
 TEST_F(Capturing, CountsWhatTheRingCouldNotHold) {

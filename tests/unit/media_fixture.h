@@ -116,10 +116,12 @@ class MediaTest : public testing::Test {
     Synthesizer synthesizer{clock, 0.0};
     SoundOnce source;
     bool elsewhere = false;
+    std::string recordings;  ///< the folder in which they will be saved
     PortableMediaDevice::Setting setting{
         .soundsElsewhere = [this] { return elsewhere; },
         .openInput = [](const std::shared_ptr<SoundTap>&) { return std::unique_ptr<SoundInput>(); },
-        .outputDelaySeconds = delaySeconds};
+        .outputDelaySeconds = delaySeconds,
+        .recordingsFolder = [this] { return recordings; }};
     std::unique_ptr<PortableMediaDevice> device =
         std::make_unique<PortableMediaDevice>(clock, synthesizer, setting);
     SoundMixer mixer{{&source, &synthesizer, &device->voices()}, {&device->tap()}, soundRate};
