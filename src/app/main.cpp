@@ -49,9 +49,10 @@ int runStudio(const CommandLine& line) {
     QtSettingsStore settings;
     QtDialogs dialogs(loop);
     QtSingleInstance instance;
-    SoundSystem sound(clock);
+    const Directories directories = ownDirectories();
+    SoundSystem sound(clock, directories.songs().string());
     SystemDesktop desktop;
-    Outside outside{clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, ownDirectories()};
+    Outside outside{clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, directories};
     Program program(outside);
     program.engine().startUp.anotherInstanceRuns = [&instance] { return instance.anotherRuns(); };
     if (!program.mayStart()) return 0;

@@ -6,10 +6,22 @@
 
 namespace melvane {
 
-SoundSystem::SoundSystem(const Clock& clock)
+namespace {
+
+std::vector<SoundSource*> with(SoundSource& first, std::vector<SoundSource*> others) {
+    others.insert(others.begin(), &first);
+    return others;
+}
+
+}  // namespace
+
+SoundSystem::SoundSystem(const Clock& clock, std::string recordings)
     : synthesizer_(clock, SoundCard::messageDelaySeconds),
-      media_(clock, synthesizer_, {.soundsElsewhere = [this] { return devices_.soundsElsewhere(); }}),
-      card_(clock, {&synthesizer_, &media_.voices()}, {&media_.tap()}) {
+      media_(clock, synthesizer_,
+             {.soundsElsewhere = [this] { return devices_.soundsElsewhere(); },
+              .recordingsFolder = [folder = std::move(recordings)] { return folder; }}),
+      card_(clock, with(synthesizer_, media_.sources()), media_.taps()) {
+    devices_.whenOpened = [this] { media_.noteOutput(); };
     synthesizer_.expectSoundFont();
     loading_ = std::jthread([this] { loadSoundFont(); });
 }

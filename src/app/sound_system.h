@@ -6,7 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/media_error.h"
-#include "platform/media_portable_device.h"
+#include "platform/media_system.h"
 #include "platform/midi_devices.h"
 #include "platform/sound_card.h"
 #include "platform/synthesizer.h"
@@ -18,11 +18,11 @@ namespace melvane {
 /// SoundFont is loaded beside the start of the windows; what is played meanwhile waits for it.
 class SoundSystem {
  public:
-    /// The clock must outlive it.
-    explicit SoundSystem(const Clock& clock);
+    /// The clock must outlive it. `recordings`: the folder in which recordings are saved.
+    SoundSystem(const Clock& clock, std::string recordings);
 
     MidiPort& port() { return devices_; }
-    MediaDevice& media() { return media_; }
+    MediaDevice& media() { return media_.device(); }
     /// What the user is to be told now, each thing once. User-interface thread.
     std::optional<std::string> takeNotice();
 
@@ -32,7 +32,7 @@ class SoundSystem {
     Synthesizer synthesizer_;
     SystemMidiPorts systemPorts_;
     MidiDevices devices_{synthesizer_, systemPorts_};
-    PortableMediaDevice media_;
+    MediaSystem media_;
     SoundCard card_;
     std::mutex noticeLock_;
     std::optional<std::string> soundFontNotice_;

@@ -1,7 +1,5 @@
 #include "recorder/mci_commands.h"
 
-#include <filesystem>
-
 #include "core/names.h"
 #include "core/numbers.h"
 #include "recorder/capture_formats.h"
@@ -15,11 +13,6 @@ constexpr const char* childWindow = "1073741824";
 constexpr const char* section = "MCI";
 
 }  // namespace
-
-std::string shortPath(const std::string& path) {
-    std::error_code failed;
-    return !path.empty() && std::filesystem::exists(path, failed) ? path : std::string();
-}
 
 std::string MciCommands::word(const std::string& command) {
     const Answer answer = send(command);

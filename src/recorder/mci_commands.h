@@ -4,6 +4,7 @@
 
 #include "platform/desktop.h"
 #include "platform/media_device.h"
+#include "platform/short_path.h"
 
 namespace melvane {
 
@@ -84,8 +85,5 @@ class MciCommands {
     MediaDevice& device_;
     Desktop& desktop_;
 };
-
-/// A path as commands and fields have it: the path itself, or an empty text when nothing lies there.
-std::string shortPath(const std::string& path);
 
 }  // namespace melvane
