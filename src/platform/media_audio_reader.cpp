@@ -20,9 +20,12 @@ std::int64_t atRate(std::int64_t frame, int from, int to) {
 
 }  // namespace
 
-std::unique_ptr<AudioReader> AudioReader::open(const std::string& path) {
+std::unique_ptr<AudioReader> AudioReader::open(const std::string& path,
+                                               const std::function<void(std::int64_t)>& guessed) {
     auto decoder = openSoundFile(path);
     if (!decoder) return nullptr;
+    if (guessed) guessed(atRate(decoder->frames(), decoder->rate(), soundRate));
+    if (!decoder->count()) return nullptr;
     std::unique_ptr<AudioReader> reader(new AudioReader(std::move(decoder)));
     const int rate = reader->decoder_->rate();
     if (rate == soundRate) return reader;

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,8 +14,10 @@ namespace melvane {
 /// number is silence, and what is louder than full is clipped. One thread at a time.
 class AudioReader {
  public:
-    /// Null when the file is not there, damaged, or of a format that is not known.
-    static std::unique_ptr<AudioReader> open(const std::string& path);
+    /// Null when the file is not there, damaged, or of a format that is not known. The length of an MP3 file
+    /// is counted; `guessed` is told before that how long it may be, in frames at soundRate.
+    static std::unique_ptr<AudioReader> open(const std::string& path,
+                                             const std::function<void(std::int64_t)>& guessed = {});
     ~AudioReader();
     AudioReader(const AudioReader&) = delete;
     AudioReader& operator=(const AudioReader&) = delete;

@@ -21,6 +21,7 @@ class Mp3File final : public MediaDecoder {
     bool open(const std::string& path);
     int rate() const override { return static_cast<int>(rate_); }
     std::int64_t frames() const override { return frames_; }
+    bool count() override;
     bool seek(std::int64_t frame) override { return mpg123_seek(handle_.get(), frame, SEEK_SET) >= 0; }
     std::size_t read(std::span<float> stereo) override;
 
@@ -51,10 +52,15 @@ bool Mp3File::open(const std::string& path) {
         mpg123_getformat(handle, &rate_, &channels, &encoding) != MPG123_OK) {
         return false;
     }
-    // Without it the length of a file with a varying bit rate and no table of contents is a guess.
-    if (mpg123_scan(handle) != MPG123_OK) return false;
     frames_ = std::max<std::int64_t>(mpg123_length(handle), 0);
     return rate_ > 0;
+}
+
+// Without it the length of a file with a varying bit rate and no table of contents is a guess.
+bool Mp3File::count() {
+    if (mpg123_scan(handle_.get()) != MPG123_OK) return false;
+    frames_ = std::max<std::int64_t>(mpg123_length(handle_.get()), 0);
+    return true;
 }
 
 std::size_t Mp3File::read(std::span<float> stereo) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <filesystem>
 #include <string_view>
 #include <utility>
 
@@ -22,13 +22,6 @@ constexpr std::string_view captureType = "waveaudio";
 constexpr std::string_view emptyFile = "new";
 /// Any of them plays any file.
 constexpr std::array<std::string_view, 3> types{"mpegvideo", captureType, "sequencer"};
-
-bool isMidiFile(const std::string& path) {
-    std::array<char, 12> head{};
-    std::ifstream(path, std::ios::binary).read(head.data(), head.size());
-    const std::string_view bytes(head.data(), head.size());
-    return bytes.starts_with("MThd") || (bytes.starts_with("RIFF") && bytes.ends_with("RMID"));
-}
 
 }  // namespace
 
@@ -60,10 +53,7 @@ MediaDevice::Answer PortableMediaDevice::open(const MediaCommand& command) {
         return openCapture(command.alias);
     }
     if (!fileExists(command.path)) return answerOf(MediaError::noFile);
-    auto unit = openFile(command.path);
-    if (!unit) return answerOf(MediaError::damagedFile);
-    units_[command.alias] = std::move(unit);
-    return {};
+    return openFile(command.alias, command.path);
 }
 
 MediaDevice::Answer PortableMediaDevice::openCapture(const std::string& alias) {
@@ -81,21 +71,27 @@ bool PortableMediaDevice::aFilePlays() const {
     return std::ranges::any_of(units_, [](const auto& each) { return each.second->isPlaying(); });
 }
 
-std::unique_ptr<MediaUnit> PortableMediaDevice::openFile(const std::string& path) {
-    std::unique_ptr<Playable> sound;
-    if (isMidiFile(path)) {
-        const auto bytes = readFile(path);
-        auto sequence = bytes ? readMidiFile(*bytes) : std::nullopt;
-        if (!sequence) return nullptr;
-        sound = std::make_unique<MidiPlayer>(std::move(*sequence), synthesizer_, clock_,
-                                             setting_.outputDelaySeconds);
-    } else {
-        auto reader = AudioReader::open(path);
-        if (!reader) return nullptr;
-        sound = std::make_unique<SoundFilePlayer>(std::move(reader), voices_, clock_,
-                                                  setting_.outputDelaySeconds);
+MediaDevice::Answer PortableMediaDevice::openFile(const std::string& alias, const std::string& path) {
+    std::error_code failed;
+    const std::uintmax_t size = std::filesystem::file_size(path, failed);
+    if (!failed && size > mostMidiBytes && beginsAsMidi(path)) return answerOf(MediaError::tooLarge);
+    MediaReading reading([path](const LengthGuess& guessed) { return readMediaContent(path, guessed); },
+                         size <= setting_.mostReadAtOnce);
+    reading.isOver(setting_.readPatience);
+    auto player = std::make_unique<MediaPlayer>(
+        std::move(reading), [this](MediaContent content) { return playableOf(std::move(content)); });
+    if (player->isDamaged()) return answerOf(MediaError::damagedFile);
+    units_[alias] = std::move(player);
+    return {};
+}
+
+std::unique_ptr<Playable> PortableMediaDevice::playableOf(MediaContent content) {
+    if (content.notes) {
+        return std::make_unique<MidiPlayer>(std::move(*content.notes), synthesizer_, clock_,
+                                            setting_.outputDelaySeconds);
     }
-    return std::make_unique<MediaPlayer>(std::move(sound));
+    return std::make_unique<SoundFilePlayer>(std::move(content.sound), voices_, clock_,
+                                             setting_.outputDelaySeconds);
 }
 
 MediaDevice::Answer PortableMediaDevice::close(const MediaCommand& command) {

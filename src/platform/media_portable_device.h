@@ -4,7 +4,9 @@
 #include <string>
 
 #include "platform/media_capture.h"
+#include "platform/media_content.h"
 #include "platform/media_device.h"
+#include "platform/media_playable.h"
 #include "platform/media_unit.h"
 #include "platform/sound_voices.h"
 #include "platform/synthesizer.h"
@@ -25,6 +27,10 @@ class PortableMediaDevice final : public MediaDevice {
         /// Where recordings will be saved; they lie there from the start, without a name. Empty: unknown.
         std::function<std::string()> recordingsFolder = [] { return std::string(); };
         std::uint64_t mostCaptureBytes = mostWaveData;
+        /// Files up to this size are read by the command that opens them, larger ones by a thread, for which
+        /// it waits no longer than the patience.
+        std::uint64_t mostReadAtOnce = 1U << 20U;
+        std::chrono::milliseconds readPatience{40};
     };
 
     /// The clock and the synthesizer outlive it.
@@ -47,7 +53,8 @@ class PortableMediaDevice final : public MediaDevice {
     Answer act(const MediaCommand& command);
     Answer startFile(MediaUnit& unit, const MediaCommand& command);
     Answer openCapture(const std::string& alias);
-    std::unique_ptr<MediaUnit> openFile(const std::string& path);
+    Answer openFile(const std::string& alias, const std::string& path);
+    std::unique_ptr<Playable> playableOf(MediaContent content);
     bool aFilePlays() const;
 
     const Clock& clock_;

@@ -108,6 +108,13 @@ class TempoWalk {
     double frame_ = 0, framesATick_;
 };
 
+/// The tracks follow each other, each in order, and one alone is in order already.
+template <typename Events>
+void sortByTick(Events& events) {
+    const auto isEarlier = [](const auto& one, const auto& other) { return one.tick < other.tick; };
+    if (!std::ranges::is_sorted(events, isEarlier)) std::ranges::stable_sort(events, isEarlier);
+}
+
 MidiSequence inFrames(const MidiTicks& ticks, const Division& division) {
     MidiSequence sequence;
     sequence.events.reserve(ticks.messages.size());
@@ -130,8 +137,8 @@ std::optional<MidiSequence> readMidiFile(std::string_view bytes) {
     const Head head = readHead(*file);
     MidiTicks ticks;
     if (!readTracks(*file, head.type == tracksInTurn, ticks)) return std::nullopt;
-    std::ranges::stable_sort(ticks.messages, {}, &MidiTicks::Message::tick);
-    std::ranges::stable_sort(ticks.tempos, {}, &MidiTicks::Tempo::tick);
+    sortByTick(ticks.messages);
+    sortByTick(ticks.tempos);
     return inFrames(ticks, head.division);
 }
 
