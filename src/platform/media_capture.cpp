@@ -127,9 +127,8 @@ MediaDevice::Answer MediaCapture::stop() {
 
 MediaDevice::Answer MediaCapture::inputFaults() const {
     if (troubles_.wasLost) {
-        const auto tenths = (troubles_.missing.count() + 99) / 100;
-        return answerOf(MediaError::inputLost, "Missing seconds: " + std::to_string(tenths / 10) + "." +
-                                                   std::to_string(tenths % 10));
+        const double missing = std::chrono::duration<double>(troubles_.missing).count();
+        return answerOf(MediaError::inputLost, missingSeconds(missing));
     }
     if (troubles_.neverOpened) return answerOf(MediaError::noInput);
     if (troubles_.overruns > 0) {

@@ -62,7 +62,7 @@ MediaDevice::Answer CaptureWriter::faults() const {
     if (spool_.failure()) return answerOf(MediaError::noRoom, *spool_.failure());
     if (spool_.isFull()) return answerOf(MediaError::tooLong);
     if (const auto lost = ring_.lostFrames.load(); lost > 0) {
-        return answerOf(MediaError::framesLost, std::to_string(lost));
+        return answerOf(MediaError::framesLost, missingSeconds(static_cast<double>(lost) / soundRate));
     }
     return {};
 }

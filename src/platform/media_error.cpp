@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace melvane {
@@ -20,9 +22,10 @@ constexpr std::array texts{
     std::pair{MediaError::inUse, "The device is in use."},
     std::pair{MediaError::formatRefused, "The format is not supported."},
     std::pair{MediaError::noInput, "There is no sound input to record from."},
-    std::pair{MediaError::noRoom, "The recording has ended early:"},
-    std::pair{MediaError::tooLong, "The recording has ended early: a WAV file holds 4 GB at most."},
-    std::pair{MediaError::framesLost, "The machine was too slow, and sound was lost. Samples:"},
+    std::pair{MediaError::noRoom, "The recording has ended early; what there is can be saved. Reason:"},
+    std::pair{MediaError::tooLong,
+              "The recording has ended early, as a WAV file holds 4 GB at most; what there is can be saved."},
+    std::pair{MediaError::framesLost, "The machine was too slow, and sound was lost."},
     std::pair{MediaError::inputLost, "The sound input was lost during the recording."},
     std::pair{MediaError::notSaved, "The recording is not saved."},
     std::pair{MediaError::noSpool, "No temporary file can be made to record into:"},
@@ -31,6 +34,11 @@ constexpr std::array texts{
 };
 
 }  // namespace
+
+std::string missingSeconds(double seconds) {
+    const auto tenths = static_cast<std::int64_t>(std::ceil(seconds * 10));
+    return "Missing seconds: " + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+}
 
 MediaDevice::Answer answerOf(MediaError error, std::string_view detail) {
     const auto* const found = std::ranges::find(texts, error, &std::pair<MediaError, const char*>::first);

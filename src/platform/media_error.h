@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 #include <string_view>
 
 #include "platform/media_device.h"
@@ -30,6 +31,9 @@ enum class MediaError {
 
 /// The answer with its code and its text, and behind that `detail`, where there is one.
 MediaDevice::Answer answerOf(MediaError error, std::string_view detail = {});
+
+/// A detail: how much of a recording is missing, to a tenth, rounded up.
+std::string missingSeconds(double seconds);
 
 /// The device of a program that neither records nor plays files: it understands no command.
 class NoMediaDevice final : public MediaDevice {

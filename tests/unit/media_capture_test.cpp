@@ -313,7 +313,7 @@ TEST_F(Capturing, CountsWhatTheRingCouldNotHold) {
     mixer.render(ticket, block, [] { return 0; });
     const auto answer = device->send("stop capture");
     EXPECT_EQ(static_cast<MediaError>(answer.code), MediaError::framesLost);
-    EXPECT_NE(answer.text.find(std::to_string(2 * CaptureRing::frames)), std::string::npos) << answer.text;
+    EXPECT_EQ(answer.text, "The machine was too slow, and sound was lost. Missing seconds: 12.0");
     done("delete capture");
     done("record capture");
     done("stop capture");

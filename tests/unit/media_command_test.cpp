@@ -136,7 +136,7 @@ TEST(MediaError, HasATextThatFitsTheAnswerBufferForEachCode) {
           MediaError::damagedFile, MediaError::outOfRange, MediaError::wrongKind, MediaError::aliasInUse,
           MediaError::inUse, MediaError::formatRefused, MediaError::noInput, MediaError::noRoom,
           MediaError::tooLong, MediaError::framesLost, MediaError::inputLost, MediaError::notSaved,
-          MediaError::noSpool}) {
+          MediaError::noSpool, MediaError::inputOverran, MediaError::tooLarge}) {
         const auto answer = answerOf(error);
         EXPECT_NE(answer.code, 0);
         EXPECT_GT(answer.text.size(), 10U) << answer.code;
