@@ -1,13 +1,15 @@
-// What a capture of hours costs in memory, fed as fast as it is written down, and how far the position of a
-// file that plays lies from what is heard through a private sound server. Ends with 1 when either is too
-// much.
+// What a capture of hours costs in memory, fed as fast as it is written down, and how long it keeps the
+// window waiting when it is saved and closed; and how far the position of a file that plays lies from what is
+// heard through a private sound server. Ends with 1 when one of them is too much.
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ namespace {
 
 constexpr int defaultMinutes = 240, mostMinutes = 400;
 constexpr long mostMemory = 16 * 1024;    // KB over idle
+constexpr double mostWait = 50;           // milliseconds for a command
 constexpr double mostPositionError = 50;  // milliseconds
 constexpr int positionTimes = 5, blockFrames = 1024, blocksBetween = 100;
 
@@ -48,10 +51,35 @@ const char* capture(PortableMediaDevice& device, const Clock& clock, std::int64_
     return milliseconds == fed * 1000 / soundRate ? nullptr : "length";
 }
 
-bool measureMemory(int minutes) {
+/// How long the device takes for it, in milliseconds; nothing when it refuses.
+std::optional<double> timeOf(PortableMediaDevice& device, const std::string& command) {
+    const auto begin = std::chrono::steady_clock::now();
+    const auto answer = device.send(command);
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+    if (answer.code == 0) return took.count();
+    std::printf("%s: %s\n", command.c_str(), answer.text.c_str());
+    return std::nullopt;
+}
+
+/// Saves what is captured as the recorder does.
+bool measureSave(PortableMediaDevice& device, const std::filesystem::path& folder) {
+    double longest = 0;
+    for (const std::string& command : {"save capture " + (folder / "take.wav").string(),
+                                       std::string("delete capture"), std::string("close capture")}) {
+        const auto took = timeOf(device, command);
+        if (!took) return false;
+        std::printf("  %-7s %.1f ms\n", command.substr(0, command.find(' ')).c_str(), *took);
+        longest = std::max(longest, *took);
+    }
+    return longest <= mostWait;
+}
+
+bool measureCapture(int minutes) {
     const SteadyClock clock;
     Synthesizer synthesizer(clock, 0.0);
-    PortableMediaDevice device(clock, synthesizer, {});
+    const auto folder = std::filesystem::current_path() / "media_bench_recordings";
+    std::filesystem::create_directories(folder);
+    PortableMediaDevice device(clock, synthesizer, {.recordingsFolder = [&] { return folder.string(); }});
     const long idle = memory("VmRSS:");
     const auto begin = std::chrono::steady_clock::now();
     if (const char* const failed = capture(device, clock, std::int64_t{minutes} * 60 * soundRate)) {
@@ -62,7 +90,9 @@ bool measureMemory(int minutes) {
     const long more = memory("VmHWM:") - idle;
     std::printf("capture of %d minutes: %.1f MB over idle at most (%ld MB allowed), %.0f times real time\n",
                 minutes, static_cast<double>(more) / 1024, mostMemory / 1024, minutes * 60 / took.count());
-    return more <= mostMemory;
+    const bool isQuick = measureSave(device, folder);
+    std::filesystem::remove_all(folder);
+    return isQuick && more <= mostMemory;
 }
 
 bool measurePosition() {
@@ -97,7 +127,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "usage: media_bench [minutes, 1 to %d]\n", mostMinutes);
         return 2;
     }
-    const bool isFlat = measureMemory(minutes);
+    const bool isLight = measureCapture(minutes);
     const bool isHeard = measurePosition();
-    return isFlat && isHeard ? 0 : 1;
+    return isLight && isHeard ? 0 : 1;
 }

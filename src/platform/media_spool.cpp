@@ -1,12 +1,14 @@
 #include "platform/media_spool.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <thread>
 #include <utility>
 
 #include "platform/audio_file_draft.h"
@@ -18,6 +20,7 @@ namespace {
 
 /// Bytes after which they are sent to the disk, so that little is left to do when the file gets its name.
 constexpr std::uint64_t writeOutStep = 4U << 20U;
+constexpr off_t largeFile = 64 << 20;
 
 /// Where nameless files do not exist. It cannot get a name again.
 int makeAndUnlink(const std::string& folder) {
@@ -39,6 +42,21 @@ int makeFile(const std::vector<std::string>& folders) {
         if (!folder.empty() && descriptor < 0) descriptor = makeIn(folder);
     }
     return descriptor;
+}
+
+/// Whether its blocks are so many that the system takes long to free them.
+bool isSlowToGiveUp(int descriptor) {
+    struct stat file {};
+    return fstat(descriptor, &file) == 0 && file.st_size > largeFile;
+}
+
+void giveUp(int descriptor) {
+    if (descriptor < 0) return;
+    if (isSlowToGiveUp(descriptor)) {
+        std::thread([descriptor] { close(descriptor); }).detach();
+    } else {
+        close(descriptor);
+    }
 }
 
 bool writeAll(int descriptor, std::string_view bytes) {
@@ -66,14 +84,12 @@ Spool::Spool(std::uint64_t mostBytes, std::size_t headSize, std::vector<std::str
     useFile(makeFile(folders_));
 }
 
-Spool::~Spool() {
-    if (descriptor_ >= 0) close(descriptor_);
-}
+Spool::~Spool() { giveUp(descriptor_); }
 
 /// The former file is left.
 void Spool::useFile(int descriptor) {
     if (descriptor < 0) failure_ = lastSystemError();
-    if (descriptor_ >= 0) close(descriptor_);
+    giveUp(descriptor_);
     descriptor_ = descriptor;
     writtenOut_ = 0;
     isNamed_ = false;
@@ -112,7 +128,7 @@ void Spool::clear() {
     size_ = 0;
     failure_.reset();
     writtenOut_ = 0;
-    if (isNamed_ || descriptor_ < 0) {
+    if (isNamed_ || descriptor_ < 0 || isSlowToGiveUp(descriptor_)) {
         useFile(makeFile(folders_));
     } else if (ftruncate(descriptor_, 0) != 0) {
         failure_ = lastSystemError();
