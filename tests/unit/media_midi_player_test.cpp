@@ -89,7 +89,7 @@ TEST_F(MidiPlaying, IsSilentInAPauseAndStandsStill) {
     const long paused = position();
     EXPECT_EQ(paused, 1000);
     const auto pause = run(1.0);
-    EXPECT_LT(peak(seconds(pause, 0.02, 0.9)), 0.01F) << "but for what is left of the room";
+    EXPECT_LT(peak(seconds(pause, 0.02, 0.9)), 0.001F);
     EXPECT_EQ(position(), paused);
     done("resume audiomp3");
     const auto rest = run(2.0);
@@ -106,8 +106,25 @@ TEST_F(MidiPlaying, EndsAllNotesAtAStopAndAtAClose) {
         EXPECT_GT(peak(run(0.5)), 0.02F);
         done(command);
         run(0.02);
-        EXPECT_LT(peak(run(0.5)), 0.01F) << command;
+        EXPECT_LT(peak(run(0.5)), 0.001F) << command;
         device->send("close audiomp3");
+    }
+}
+
+/// In the middle of a note, and when only the room is heard any more.
+TEST_F(MidiPlaying, IsSilentAtOnceBehindAStopAPauseAndAClose) {
+    const std::string inALargeRoom = midiMessage(0, 0xB0, 91, 127);
+    for (const char* const command : {"stop audiomp3", "pause audiomp3", "close audiomp3"}) {
+        for (const double moment : {0.5, 1.4}) {
+            openMidi(inALargeRoom + square() + note(0, a4) + noteEnd(1000, a4) + trackEnd(10'000));
+            done("play audiomp3 from 0 to 10000");
+            EXPECT_GT(peak(seconds(run(moment), moment - 0.1, 0.1)), 0.001F) << moment;
+            done(command);
+            run(0.02);
+            EXPECT_LT(peak(run(1.5)), 0.001F) << command << " at " << moment;
+            device->send("close audiomp3");
+            run(2.0);
+        }
     }
 }
 
@@ -169,6 +186,20 @@ TEST_F(MidiPlaying, GivesTheChannelsBackAsTheyWere) {
     EXPECT_NEAR(level(seconds(after, 0.2, 0.2), 440), level(seconds(wanted, 0.2, 0.2), 440), 0.005);
 }
 
+TEST_F(MidiPlaying, IsAsLongAsItsLastTrackHoweverFarItsEndMarkLies) {
+    const std::string tune = note(0, a4) + noteEnd(100, a4);
+    openFile(folder.make("a.mid", midiFile(1, milliseconds,
+                                           {tempo(0, 500'000) + tempo(1000, 1'000'000) + trackEnd(0),
+                                            tune + trackEnd(0), trackEnd(3000), tune + trackEnd(500)})));
+    done("set audiomp3 time format ms");
+    EXPECT_EQ(number("status audiomp3 length"), 1000 + 2 * 2000) << "the tempo changes behind the last note";
+    done("play audiomp3 from 0 to 5000");
+    run(4.9);
+    EXPECT_LT(position(), 5000);
+    run(0.2);
+    EXPECT_EQ(position(), 5000);
+}
+
 TEST_F(MidiPlaying, BeginsWithFreshChannels) {
     synthesizer.send(controller(0, 7, 0));
     run(0.1);
@@ -214,6 +245,32 @@ TEST_F(MidiPlaying, SpreadsMoreNotesThanABlockCanBearOverTheNextOnes) {
     const auto first = firstSound(run(0.5));
     ASSERT_TRUE(first);
     EXPECT_NEAR(static_cast<double>(*first), 9 * 256 + 55, soon);
+}
+
+TEST(MidiPlayer, PlacesEachMessageOnItsFrameWhateverTheBlocksAre) {
+    std::string track;
+    for (int turn = 0; turn < 200; ++turn) {
+        track += note(static_cast<std::uint32_t>(turn * 7 % 23), 40 + turn % 50);
+    }
+    const auto sequence = readMidiFile(midiFile(0, milliseconds, {track + trackEnd(500)}));
+    ASSERT_TRUE(sequence);
+    for (const std::size_t blockFrames : {1U, 64U, 256U, 1000U, 44'100U, 1'000'000U}) {
+        FrameClock clock;
+        Synthesizer silent(clock, 0.0);
+        MidiPlayer player(*sequence, silent, clock, 0.03);
+        ASSERT_TRUE(player.start(0, player.length()));
+        std::vector<std::uint32_t> frames;
+        for (std::size_t block = 0; frames.size() < 200 && block < sequence->length; block += blockFrames) {
+            player.beginBlock(blockFrames, static_cast<std::int64_t>(block));
+            while (const auto due = player.next()) {
+                if (due->message.kind == 0x90)
+                    frames.push_back(static_cast<std::uint32_t>(block + due->frame));
+            }
+        }
+        std::vector<std::uint32_t> wanted;
+        for (const auto& event : sequence->events) wanted.push_back(event.frame);
+        EXPECT_EQ(frames, wanted) << blockFrames;
+    }
 }
 
 TEST(MidiPlayer, GoesOnInAStreamThatIsSilent) {

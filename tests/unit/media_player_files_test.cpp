@@ -49,17 +49,6 @@ TEST_F(MediaPlaying, EndsAtOnceWithAFileOfLengthNothing) {
     EXPECT_EQ(position(), 0);
 }
 
-TEST_F(MediaPlaying, AnswersAFileThatClaimsToBeOfFourGigabytes) {
-    std::string bytes = waveHeader({}, mostWaveData - 3);
-    bytes.resize(44 + 17'640);
-    const auto answer =
-        device->send("open " + folder.make("huge.wav", bytes) + " type MPEGVideo alias audiomp3");
-    if (answer.code != 0) return;
-    done("play audiomp3");
-    run(1.0);
-    EXPECT_EQ(done("status audiomp3 position"), done("status audiomp3 length"));
-}
-
 TEST_F(MediaPlaying, ClipsAndSilencesWhatIsNoSoundInAFile) {
     std::string bytes = waveHeader({}, 16);
     bytes[20] = 3;   // floats

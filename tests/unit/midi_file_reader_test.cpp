@@ -198,6 +198,15 @@ TEST(MidiFileReader, LeavesOutWhatLiesBehindADay) {
     EXPECT_EQ(sequence.length, MidiSequence::longest);
 }
 
+TEST(MidiFileReader, CountsTheLongestWaitThatCanBeWritten) {
+    const auto song = [](std::uint32_t division) {
+        return read(midiFile(0, division, {note(0, 60) + noteEnd(10, 60) + trackEnd(0x0FFFFFFF)}));
+    };
+    EXPECT_NEAR(song(0x7FFF).length, (0x0FFFFFFF + 10.0) / 0x7FFF * second / 2, 1) << "68 minutes";
+    EXPECT_EQ(song(480).length, MidiSequence::longest) << "77 hours";
+    EXPECT_EQ(song(480).events.size(), 2U);
+}
+
 TEST(MidiFileReader, EndsATrackWhoseTicksAreTooManyToCount) {
     std::string track = note(0, 60);
     for (int turn = 0; turn < 40; ++turn) track += note(0x0FFFFFFF, 61);
