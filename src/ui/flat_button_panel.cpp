@@ -51,6 +51,14 @@ bool FlatButton::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+/// A button that hides itself under the mouse leaves the toolkit's own account of where that is, and the
+/// picture would keep the look of being under it.
+void FlatButton::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    picture_->setAttribute(Qt::WA_UnderMouse, false);
+    picture_->update();
+}
+
 QWidget* FlatButton::picture() const { return picture_; }
 QWidget* FlatButton::button() const { return button_; }
 

@@ -30,6 +30,7 @@ class FlatButton : public QWidget {
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
  private:
     QToolButton* make(const char* array, PictureControl& control, const QString& spoken);

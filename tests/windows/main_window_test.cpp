@@ -285,4 +285,15 @@ TEST_F(MainWindow, WhatCanBeReachedHasANameATipAndItsPlaceInTheOrder) {
     }
 }
 
+/// As it goes when the button that was pressed has hidden itself and opened a window.
+TEST_F(MainWindow, AToolbarButtonIsFlatWhenTheMouseHasLeftIt) {
+    QWidget* const picture = find("ImgPic(9)");
+    QEnterEvent enter({14, 14}, {14, 14}, picture->mapToGlobal(QPointF(14, 14)));
+    QCoreApplication::sendEvent(picture, &enter);
+    EXPECT_TRUE(picture->underMouse());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(picture->parentWidget(), &leave);
+    EXPECT_FALSE(picture->underMouse());
+}
+
 }  // namespace melvane::test
