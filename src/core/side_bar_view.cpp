@@ -41,6 +41,7 @@ void paintSideBar(QPainter& painter, const Studio& studio, QSize size, const QFo
     for (int line = 0; line <= page.PageRows && line * page.LineHeight < size.height(); ++line) {
         const auto name = nameOfRow(page.NoteNames, page.FirstRow + line);
         const int y = line * page.LineHeight;
+        if (y + baseline > size.height()) break;  // a name that would be cut off
         const QString printed = QString::fromStdString(printedRowName(name));
         if (!isSharp(name)) {
             painter.drawText(nameLeft, y + baseline, printed);

@@ -56,7 +56,6 @@ KeyboardToolbar::KeyboardToolbar(Studio& studio, QWidget* parent) : QWidget(pare
     row->addSpacing(2 * groupSpace);
     auto* const hint =
         new ElidedLabel("Play on the keys of the computer, or press a key with the mouse.", this);
-    hint->setProperty("secondary", true);
     hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(hint, 1);

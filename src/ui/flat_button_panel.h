@@ -15,8 +15,8 @@ class FlatButton : public QWidget {
 
  public:
     static constexpr int side = 36, pictureSide = 28, iconSide = 24;  // pixels
-    /// `index` tells the button's name (Cmd2) and, in the array `pictures`, the picture's; `spoken` is what it
-    /// is called where its tip is empty.
+    /// `index` tells the button's name (Cmd2) and, in the array `pictures`, the picture's; `spoken` is what
+    /// it is called where its tip is empty.
     FlatButton(int index, PictureControl& button, PictureControl& picture, const QString& spoken,
                QWidget* parent, const char* pictures = "ImgPic");
 

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QTabWidget>
 
 #include "every_window.h"
 #include "ui/flat_button_panel.h"
@@ -24,6 +25,16 @@ bool isText(const QWidget& part) {
             dynamic_cast<const ElidedLabel*>(&part) == nullptr) ||
            (qobject_cast<const QAbstractButton*>(&part) != nullptr &&
             !part.property("text").toString().isEmpty());
+}
+
+/// Whether it lies on a panel, whose ground is lighter than the window's.
+bool liesOnPanel(const QWidget& part) {
+    for (const QWidget* outer = part.parentWidget(); outer != nullptr; outer = outer->parentWidget()) {
+        const bool page =
+            qobject_cast<const QTabWidget*>(outer) != nullptr && !outer->property("onGround").toBool();
+        if (page || outer->property("panel").toBool()) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -65,6 +76,15 @@ TEST_P(EveryWindowsLayout, TheWindowStandsOnItsScreen) { expectOnScreen(); }
 TEST_P(EveryWindowsLayout, EachPartLiesInsideWhatHoldsIt) { expectInside(); }
 TEST_P(EveryWindowsLayout, NothingLiesOverItsNeighbour) { expectApart(); }
 TEST_P(EveryWindowsLayout, EachTextHasTheRoomThatItAsksFor) { expectRoomForTexts(); }
+
+/// On the window's own ground its contrast would be too low.
+TEST_P(EveryWindowsLayout, PaleTextLiesOnAPanel) {
+    for (const QWidget* const part : parts()) {
+        if (part->property("secondary").toBool()) {
+            EXPECT_TRUE(liesOnPanel(*part)) << called(*part);
+        }
+    }
+}
 
 TEST_P(EveryWindowsLayout, AFontOneSizeLargerHasRoomToo) {
     const QFont usual = QApplication::font();

@@ -86,6 +86,20 @@ TEST_F(SurroundingsTest, SharpRowsStandOnWhiteWhileTheyHaveTheRoom) {
     for (int y = 0; y < find("PicX")->height(); ++y) EXPECT_NE(on("PicX", right, y), paper) << y;
 }
 
+TEST_F(SurroundingsTest, ANameThatHasNoRoomUnderTheLastRowsIsLeftOut) {
+    const auto painted = [this](int height) {
+        QImage picture(50, height, QImage::Format_RGB32);
+        QPainter painter(&picture);
+        paintSideBar(painter, studio, picture.size(), QFont("DejaVu Sans"), grid, mark);
+        painter.end();
+        return picture;
+    };
+    // Rows of 8 pixels: 20 of them and the upper part of one more.
+    EXPECT_EQ(painted(165).copy(0, 0, 50, 162), painted(162));
+    for (int x = 0; x < 50; ++x) EXPECT_EQ(painted(165).pixelColor(x, 164), grid) << x;
+    EXPECT_NE(painted(170).copy(0, 0, 50, 165), painted(165));
+}
+
 TEST_F(SurroundingsTest, TheSelectorHasTheTabletsColumns) {
     EXPECT_EQ(on("Pic2a", 12, 10), grid);
     EXPECT_EQ(on("Pic2a", 48, 10), barLine);
