@@ -10,6 +10,7 @@
 
 #include "shell/engine.h"
 #include "ui/qt_bindings.h"
+#include "ui/qt_panel_parts.h"
 
 namespace melvane {
 
@@ -19,12 +20,6 @@ constexpr int space = 4, captionSpace = 8, groupSpace = 24, boxWidth = 72, barWi
 
 // Columns of the page: two groups, each of captions and controls.
 constexpr int captions = 0, controls = 1, gap = 3, laterCaptions = 4, laterControls = 5;
-
-QLabel* makeCaption(const char* text, QWidget* parent) {
-    auto* const caption = new QLabel(text, parent);
-    caption->setProperty("secondary", true);
-    return caption;
-}
 
 QLineEdit* makeBox(const char* name, const char* tip, QWidget* parent) {
     auto* const box = new QLineEdit(parent);

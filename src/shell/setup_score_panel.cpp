@@ -4,36 +4,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <functional>
 
 #include "shell/engine.h"
 #include "ui/qt_bindings.h"
-#include "ui/qt_elided_label.h"
+#include "ui/qt_panel_parts.h"
 #include "ui/slider_panel.h"
 
 namespace melvane {
 
 namespace {
 
-constexpr int space = 4, captionSpace = 8, boxWidth = 56, leastSlider = 140, controlHeight = 24;  // pixels
-
-/// The instrument's name: a double click chooses another.
-class InstrumentLabel : public ElidedLabel {
- public:
-    using ElidedLabel::ElidedLabel;
-    std::function<void()> doubleClicked;
-
- protected:
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        if (doubleClicked) doubleClicked();
-    }
-};
-
-QLabel* makeCaption(const char* text, QWidget* parent) {
-    auto* const caption = new QLabel(text, parent);
-    caption->setProperty("secondary", true);
-    return caption;
-}
+constexpr int space = 4, captionSpace = 8, boxWidth = 56, leastSlider = 140;  // pixels
 
 struct SpeedEntry {
     const char *caption, *box, *strip, *tip;
@@ -116,12 +97,10 @@ void SetupScorePanel::addInstruments(Studio& studio, Engine& engine) {
     for (const auto& entry : instrumentEntries) {
         auto& channels = engine.setup.channels;
         const auto pick = [&channels, run = entry.pick] { (channels.*run)(); };
-        auto* const name = new InstrumentLabel(this);
+        auto* const name = new InstrumentReadout(this);
         name->setObjectName(entry.label);
         name->setToolTip(entry.tip);
         name->setAccessibleName(entry.caption);
-        name->setProperty("readout", true);
-        name->setFixedHeight(controlHeight);
         name->doubleClicked = pick;
         bind(*name, studio.Form3.*entry.name);
         auto* const button = new QPushButton("Select", this);

@@ -7,6 +7,7 @@
 #include "shell/setup_channels_panel.h"
 #include "shell/setup_score_panel.h"
 #include "ui/qt_bindings.h"
+#include "ui/qt_panel_parts.h"
 #include "ui/slider_panel.h"
 
 namespace melvane {
@@ -28,12 +29,6 @@ constexpr std::array<SoundEntry, 5> entries{
      {"Pan", "Pan", "LPan", "-64 to 64", &SetupControls::LPan, SetupSliders::pan},
      {"Reverb", "Reverb", "LReverb", "0 to 127", &SetupControls::LReverb, SetupSliders::reverb},
      {"Chorus", "Chorus", "LChorus", "0 to 127", &SetupControls::LChorus, SetupSliders::chorus}}};
-
-QLabel* makeSecondary(const char* text, QWidget* parent) {
-    auto* const label = new QLabel(text, parent);
-    label->setProperty("secondary", true);
-    return label;
-}
 
 /// A slider with its number; the number moves the track's pointer.
 SliderTrack* makeTrack(const SoundEntry& entry, Engine& engine, QWidget* parent) {
@@ -77,7 +72,7 @@ QHBoxLayout* makeHeading(Studio& studio, QWidget* parent) {
     row->addWidget(chip);
     row->addWidget(name);
     row->addStretch();
-    row->addWidget(makeSecondary("The right button puts a slider to rest", parent));
+    row->addWidget(makeCaption("The right button puts a slider to rest", parent));
     return row;
 }
 
@@ -91,7 +86,7 @@ SetupSoundPanel::SetupSoundPanel(Studio& studio, Engine& engine, QWidget* parent
     int column = 0;
     for (const auto& entry : entries) {
         auto* const track = makeTrack(entry, engine, this);
-        auto* const name = makeSecondary(entry.name, this);
+        auto* const name = makeCaption(entry.name, this);
         if (entry.slider == SetupSliders::volume) {
             name->setObjectName("Label15");
             bind(*name, studio.Form3.Label15);
@@ -99,7 +94,7 @@ SetupSoundPanel::SetupSoundPanel(Studio& studio, Engine& engine, QWidget* parent
         grid->addWidget(name, 1, column);
         grid->addWidget(makeNumber(entry, studio.Form3.*entry.value, *track, this), 1, column + 1);
         grid->addWidget(track, 2, column, 1, 2);
-        grid->addWidget(makeSecondary(entry.range, this), 3, column, 1, 2);
+        grid->addWidget(makeCaption(entry.range, this), 3, column, 1, 2);
         grid->setColumnMinimumWidth(column, leastColumn - numberWidth);
         grid->setColumnStretch(column, 1);
         grid->setColumnMinimumWidth(column + 2, columnSpace);

@@ -5,33 +5,20 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-#include <functional>
 
 #include "core/instrument_names.h"
 #include "synth/keyboard_parts_panel.h"
 #include "ui/qt_bindings.h"
-#include "ui/qt_elided_label.h"
 #include "ui/qt_flow_layout.h"
+#include "ui/qt_panel_parts.h"
 
 namespace melvane {
 
 namespace {
 
-constexpr int groupSpace = 8, optionSpace = 12, controlHeight = 24;  // pixels
+constexpr int groupSpace = 8, optionSpace = 12;  // pixels
 constexpr int chordsAColumn = 3;
 constexpr std::array octaveCaptions{"-2", "-1", "0", "1", "2", "3"};
-
-/// LblInstrument: a double click chooses another.
-class InstrumentReadout : public ElidedLabel {
- public:
-    using ElidedLabel::ElidedLabel;
-    std::function<void()> doubleClicked;
-
- protected:
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        if (doubleClicked) doubleClicked();
-    }
-};
 
 QWidget* makePolynotes(KeyboardControls& synth, QWidget* parent) {
     auto* const group = new KeyboardGroup("Polynotes", parent);
@@ -59,8 +46,6 @@ QWidget* makeInstrument(KeyboardControls& synth, KeyboardInstrument& instrument,
     name->setObjectName("LblInstrument");
     name->setToolTip("Instrument:  Double click to select");
     name->setAccessibleName("Instrument");
-    name->setProperty("readout", true);
-    name->setFixedHeight(controlHeight);
     name->setRoomFor("Electric Grand Piano");
     name->doubleClicked = [&instrument] { instrument.LblInstrument_DblClick(); };
     bind(*name, synth.LblInstrument);

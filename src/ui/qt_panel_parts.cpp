@@ -5,10 +5,15 @@
 
 #include "core/qt_pixels.h"
 #include "ui/qt_bindings.h"
-#include "ui/qt_elided_label.h"
 #include "ui/qt_style.h"
 
 namespace melvane {
+
+namespace {
+
+constexpr int controlHeight = 24;  // pixels
+
+}  // namespace
 
 QGridLayout* makePanelGrid(QFrame& frame) {
     frame.setProperty("panel", true);
@@ -31,7 +36,7 @@ ElidedLabel* makeReadout(const char* name, const char* tip, TextControl& text, i
     readout->setToolTip(tip);
     readout->setAccessibleName(tip);
     readout->setProperty("readout", true);
-    readout->setFixedHeight(24);
+    readout->setFixedHeight(controlHeight);
     readout->setMinimumWidth(width);
     bind(*readout, text);
     return readout;
@@ -45,6 +50,15 @@ InstrumentField::InstrumentField(TextControl& instrument, QWidget* parent) : QLi
 }
 
 void InstrumentField::mouseDoubleClickEvent(QMouseEvent*) {
+    if (doubleClicked) doubleClicked();
+}
+
+InstrumentReadout::InstrumentReadout(QWidget* parent) : ElidedLabel(parent) {
+    setProperty("readout", true);
+    setFixedHeight(controlHeight);
+}
+
+void InstrumentReadout::mouseDoubleClickEvent(QMouseEvent*) {
     if (doubleClicked) doubleClicked();
 }
 

@@ -5,13 +5,12 @@
 #include <functional>
 
 #include "core/controls.h"
+#include "ui/qt_elided_label.h"
 
 class QGridLayout;
 
 /// What the panels of the windows are put together from.
 namespace melvane {
-
-class ElidedLabel;
 
 /// Makes `frame` a panel, a group of controls on a ground of its own, and gives it a grid.
 QGridLayout* makePanelGrid(QFrame& frame);
@@ -28,6 +27,16 @@ class InstrumentField : public QLineEdit {
 
  public:
     InstrumentField(TextControl& instrument, QWidget* parent);
+    std::function<void()> doubleClicked;
+
+ protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+/// An instrument's name in a box: a double click opens the picker.
+class InstrumentReadout : public ElidedLabel {
+ public:
+    explicit InstrumentReadout(QWidget* parent);
     std::function<void()> doubleClicked;
 
  protected:
