@@ -1,7 +1,9 @@
 // What a capture of hours costs in memory, fed as fast as it is written down, and how long it keeps the
-// window waiting when it is saved and closed; and how far the position of a file that plays lies from what is
-// heard through a private sound server. Ends with 1 when one of them is too much.
+// window waiting when it is saved and closed, or when large files are opened; and how far the position of a
+// file that plays lies from what is heard through a private sound server. Ends with 1 when one of them is too
+// much.
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -10,11 +12,15 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "heard_position.h"
+#include "platform/audio_file_mp3_writer.h"
+#include "platform/files.h"
 #include "platform/media_portable_device.h"
+#include "platform/midi_file_reader.h"
 
 namespace melvane::bench {
 namespace {
@@ -95,6 +101,71 @@ bool measureCapture(int minutes) {
     return isQuick && more <= mostMemory;
 }
 
+std::string repeated(const std::string& piece, std::size_t size) {
+    std::string bytes;
+    bytes.reserve(size + piece.size());
+    while (bytes.size() < size) bytes += piece;
+    return bytes;
+}
+
+/// Ten seconds of noise, so that no frame is like the other.
+std::string makeMp3(const std::filesystem::path& folder) {
+    const std::string path = (folder / "piece.mp3").string();
+    std::minstd_rand random;
+    std::vector<float> noise(10 * soundRate * soundChannels);
+    for (float& value : noise) value = static_cast<float>(random() % 1000) / 2500 - 0.2F;
+    Mp3Writer writer(path);
+    if (!writer.write(noise) || writer.finish()) return {};
+    return readFile(path).value_or("");
+}
+
+/// A wait of one tick and a note, as often as a file may hold it.
+std::string makeMidi() {
+    const std::string notes =
+        repeated(std::string("\x01\x90\x3C\x64\x01\x80\x3C\x40", 8), mostMidiBytes - 100);
+    std::string size(4, '\0');
+    for (std::size_t byte = 0; byte < 4; ++byte)
+        size[byte] = static_cast<char>(notes.size() >> (24 - 8 * byte));
+    return std::string("MThd\0\0\0\6\0\0\0\1\1\xE0", 14) + "MTrk" + size + notes;
+}
+
+/// Opens it as the recorder does; the longest that a command takes, in milliseconds.
+std::optional<double> openingOf(PortableMediaDevice& device, const std::string& path) {
+    double longest = 0;
+    for (const std::string& command :
+         {"open " + path + " type MPEGVideo Alias audiomp3 parent 0 Style 1073741824",
+          std::string("set audiomp3 time format frames"), std::string("status audiomp3 length"),
+          std::string("play audiomp3 from 0"), std::string("status audiomp3 position"),
+          std::string("close audiomp3")}) {
+        const auto took = timeOf(device, command);
+        if (!took) return std::nullopt;
+        longest = std::max(longest, *took);
+    }
+    return longest;
+}
+
+/// Whether files as large as they can be keep the window waiting no longer than they may.
+bool measureOpening() {
+    const auto folder = std::filesystem::current_path() / "media_bench_files";
+    std::filesystem::create_directories(folder);
+    const SteadyClock clock;
+    Synthesizer synthesizer(clock, 0.0);
+    PortableMediaDevice device(clock, synthesizer, {});
+    const std::array files{std::pair{"200 MB of MP3", repeated(makeMp3(folder), 200U << 20U)},
+                           std::pair{"16 MB of MIDI", makeMidi()}};
+    bool isQuick = true;
+    for (const auto& [name, bytes] : files) {
+        const std::string path = (folder / "large").string();
+        std::ofstream(path, std::ios::binary) << bytes;
+        const auto took = openingOf(device, path);
+        isQuick = isQuick && took && *took <= mostWait;
+        std::printf("opening %s: %.1f ms for a command at most (%.0f allowed)\n", name, took.value_or(-1),
+                    mostWait);
+    }
+    std::filesystem::remove_all(folder);
+    return isQuick;
+}
+
 bool measurePosition() {
     sound_test::PrivateSoundServer server;
     if (const std::string failed = server.start(); !failed.empty()) {
@@ -128,6 +199,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     const bool isLight = measureCapture(minutes);
+    const bool isQuick = measureOpening();
     const bool isHeard = measurePosition();
-    return isLight && isHeard ? 0 : 1;
+    return isLight && isQuick && isHeard ? 0 : 1;
 }

@@ -14,6 +14,7 @@
 #include "measured.h"
 #include "onset_finder.h"
 #include "platform/audio_file_samples.h"
+#include "platform/media_error.h"
 #include "platform/media_portable_device.h"
 #include "platform/sound_card.h"
 #include "private_sound_server.h"
@@ -139,6 +140,33 @@ TEST_F(MediaThroughServer, RecordsWhatTheOutputPlaysWhileAnotherMidiOutputIsInUs
                   return right ? "" : std::to_string(pitch) + " Hz, " + std::to_string(loudest);
               }),
               "");
+}
+
+TEST_F(MediaThroughServer, RecordsTheInputOnWhenTheServerDiedAndCameBack) {
+    const auto card = openCard();
+    elsewhere = true;
+    done("open new type waveaudio alias capture");
+    done("record capture");
+    const auto length = [&] { return std::stol(device.send("status capture length").text); };
+    ASSERT_TRUE(comesTrue([&] { return length() > 700; }));
+    server.kill();
+    ASSERT_TRUE(comesTrue([&] { return !card->hasOutput(); }));
+    std::this_thread::sleep_for(400ms);
+    const long before = length();
+    ASSERT_EQ(server.start(), "");
+    ASSERT_TRUE(comesTrue([&] { return card->hasOutput(); }));
+    ASSERT_TRUE(comesTrue([&] { return length() > before + 1500; })) << before << " " << length();
+    const auto stopped = device.send("stop capture");
+    EXPECT_EQ(stopped.code, static_cast<int>(MediaError::inputLost));
+    EXPECT_TRUE(stopped.text.starts_with("The sound input was lost during the recording. Missing seconds: "))
+        << stopped.text;
+    const auto samples = saved();
+    const auto loudest = [&](std::size_t from) {
+        return *std::max_element(samples.begin() + static_cast<std::ptrdiff_t>(from),
+                                 samples.begin() + static_cast<std::ptrdiff_t>(from) + 8820);
+    };
+    EXPECT_NEAR(loudest(samples.size() - 8820), 0.3 * 32767, 700) << "of the tone behind the gap";
+    EXPECT_NEAR(loudest(44'100), 0.3 * 32767, 700) << "and before it";
 }
 
 TEST_F(MediaThroughServer, AnswersWhenThereIsNoServerToRecordFrom) {

@@ -5,6 +5,7 @@
 
 #include "file_size_limit.h"
 #include "media_capture_fixture.h"
+#include "platform/media_system.h"
 #include "platform/offline_midi_port.h"
 
 namespace melvane {
@@ -258,6 +259,19 @@ TEST_F(Capturing, IsNotCopiedWhenItIsSavedBesideItsSpool) {
     const mode_t mask = umask(0);
     umask(mask);
     EXPECT_EQ(saved.st_mode & 07777U, 0666U & ~mask);
+}
+
+TEST_F(Capturing, LiesWhereTheProgramSavesRecordings) {
+    MediaSystem system(clock, synthesizer, {.recordingsFolder = [this] { return folder.path().string(); }});
+    EXPECT_EQ(system.device().send("open new type waveaudio alias capture").code, 0);
+    EXPECT_EQ(namelessFilesIn(folder.path()).size(), 1U);
+    EXPECT_EQ(system.sources().size(), 1U);
+    ASSERT_EQ(system.taps().size(), 1U);
+    EXPECT_EQ(system.device().send("record capture").code, 0);
+    system.taps().front()->hear(stereoTone(441, 0.5, 0.5, 4410), 0);
+    EXPECT_EQ(system.device().send("stop capture").code, 0);
+    EXPECT_EQ(system.device().send("save capture " + path).code, 0);
+    EXPECT_EQ(samplesIn(path), samplesOf(stereoTone(441, 0.5, 0.5, 4410)));
 }
 
 TEST_F(Capturing, LeavesTheFileThatIsSavedAlone) {

@@ -77,6 +77,17 @@ TEST_F(Devices, SoundElsewhereWhileOnlyPortsOfTheSystemAreOpen) {
     EXPECT_FALSE(port.soundsElsewhere());
 }
 
+TEST_F(Devices, TellOfEachThatIsOpened) {
+    std::vector<bool> elsewhere;
+    port.whenOpened = [&] { elsewhere.push_back(port.soundsElsewhere()); };
+    const auto outside = open(1);
+    port.midiOutClose(outside);
+    open(0);
+    MidiPort::Handle handle = 0;
+    EXPECT_NE(port.midiOutOpen(handle, 99), MidiPort::ok);
+    EXPECT_EQ(elsewhere, (std::vector<bool>{true, false}));
+}
+
 TEST_F(Devices, AreOneAtLeast) {
     system.ports.clear();
     EXPECT_EQ(port.midiOutGetNumDevs(), 1);
