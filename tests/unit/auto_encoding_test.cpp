@@ -29,6 +29,24 @@ TEST_F(AutoEncodingTest, ARecordingIsEncodedTwoSecondsLater) {
     EXPECT_FALSE(window().CmdStopRecording.enabled());
 }
 
+TEST_F(AutoEncodingTest, TheStateIsToldInAWord) {
+    Lines words;
+    window().Label8.changed = [&] { words.push_back(window().Label8.text()); };
+    record();
+    EXPECT_EQ(words, (Lines{"Recording", "", "Encoding", ""}));
+}
+
+TEST_F(AutoEncodingTest, WithoutTheLibraryItTriesAllTheSame) {
+    std::filesystem::remove(folder.file("lame_enc.dll"));
+    Lines words;
+    window().Label8.changed = [&] { words.push_back(window().Label8.text()); };
+    record();
+    EXPECT_EQ(words, (Lines{"Recording", "", "Encoding", ""}));
+    EXPECT_EQ(erbox(), "Encoding library \"lame_enc.dll\" is not found...can't encode.");
+    EXPECT_EQ(recordings().size(), 1U);
+    EXPECT_EQ(window().Text6.text(), recordings().at(0));
+}
+
 TEST_F(AutoEncodingTest, WithTheTickOnlyTheMp3IsLeft) {
     window().Check3.set(true);
     record();
