@@ -140,8 +140,8 @@ TEST_F(EncodingTest, AFullDiskKeepsTheSourceAndIsTold) {
     }
     EXPECT_TRUE(exists(wav));
     EXPECT_EQ(window().Text6.text(), wav);
-    EXPECT_EQ(logged(), (Lines{folder.file("a.mp3") +
-                               " could not be written as a whole; its source is kept."}));
+    EXPECT_EQ(logged(),
+              (Lines{folder.file("a.mp3") + " could not be written as a whole; its source is kept."}));
     EXPECT_TRUE(window().CmdrecordSNG.enabled());
 }
 
