@@ -152,7 +152,7 @@ TEST_F(EncoderPresetsTest, AStreamHasNoReservoir) {
     for (; at + 6 < made.size() && frames < 100; ++frames) {
         const FrameHeader header = headerOf(made.substr(at));
         EXPECT_EQ(header.mainDataBegin, 0) << frames;
-        at += frameSize + ((static_cast<unsigned char>(made[at + 2]) >> 1) & 1U);
+        at += frameSize + ((static_cast<unsigned char>(made[at + 2]) >> 1U) & 1U);
     }
     EXPECT_EQ(frames, 100);
 }
