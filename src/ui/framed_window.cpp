@@ -55,6 +55,7 @@ FramedWindow::FramedWindow(Studio& studio, const FrameOptions& options, QWidget*
     setObjectName(options.name);
     setWindowTitle(options.title);
     setMinimumSize(smallestFrameWidth, smallestFrameHeight);
+    setAttribute(Qt::WA_AlwaysShowToolTips);  // beside a toolbar that is in front, too
     titleBar_->setHelpEnabled(false);
     connect(titleBar_, &TitleBar::closeWanted, this, [this] { imgTitleClose_Click(); });
     connect(titleBar_, &TitleBar::minimiseWanted, this, [this] { imgTitleMinimize_Click(); });

@@ -133,6 +133,10 @@ TEST_P(EveryWindowsTips, EachControlHasATip) {
         EXPECT_EQ(tipOf(*part).isEmpty(), isUntold(*part)) << called(*part);
 }
 
+TEST_P(EveryWindowsTips, TipsAreShownWhileAnotherWindowIsInFront) {
+    EXPECT_TRUE(window->testAttribute(Qt::WA_AlwaysShowToolTips));
+}
+
 TEST_P(EveryWindowsTips, TipsThatAreFixedAreWordForWord) {
     for (const auto& [name, part, tip] : fixed) {
         if (window->objectName() != name) continue;
