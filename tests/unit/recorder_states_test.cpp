@@ -168,6 +168,7 @@ struct State {
     void (Midst::*enter)(const Midst::Act& act);
     int captured;  ///< milliseconds that were captured before the action; 0: nothing is
 };
+void PrintTo(const State& state, std::ostream* out) { *out << state.name; }
 
 struct Action {
     const char* name;
