@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <filesystem>
 #include <fstream>
 
 #include "main_window_fixture.h"
@@ -175,6 +176,53 @@ TEST_F(RecordWindow, WhileItRecordsTheStopAloneCanBePressed) {
     EXPECT_EQ(part<QLabel>("Erbox")->text(), "Recording Stopped!");
     EXPECT_TRUE(part("CmdrecordSNG")->isEnabled());
     EXPECT_TRUE(part("ImgR(1)")->isEnabled());
+}
+
+TEST_F(RecordWindow, ItMayBeClosedInTheMiddleOfAnything) {
+    namespace fs = std::filesystem;
+    const auto recordings = [this] {
+        int count = 0;
+        for (const auto& entry : fs::directory_iterator(fs::path(folder.path()) / "Songs"))
+            if (entry.path().extension() == ".wav") ++count;
+        return count;
+    };
+    const auto expectFresh = [this] {
+        EXPECT_FALSE(record->isVisible());
+        engine.toolbar.Cmd2_Click(10);
+        EXPECT_TRUE(record->isVisible());
+        EXPECT_TRUE(part("CmdrecordSNG")->isEnabled());
+        EXPECT_FALSE(part("CmdStopRecording")->isEnabled());
+        EXPECT_EQ(part<QAbstractButton>("Command20")->text(), "Encode File");
+        EXPECT_EQ(part<QLabel>("Label8")->text(), "Stopped");
+    };
+    const int before = recordings();
+    write(0, 1, 67, 20);
+    time.at(1000, [this] { record->close(); });
+    press("CmdrecordSNG");
+    EXPECT_EQ(recordings(), before + 1);
+    expectFresh();
+
+    press("Optsourcekeyboard");
+    studio.Record.CmdrecordSNG.userPut(Value(1LL));
+    record->close();
+    EXPECT_EQ(recordings(), before + 2);
+    expectFresh();
+
+    std::ofstream(folder.file("a.mp3")) << "xxxx";
+    studio.Record.Text6.set(folder.file("a.mp3"));
+    time.at(1600, [this] { record->close(); });
+    engine.recorder.buttons.Cmd2_Click(1);
+    expectFresh();
+
+    for (const char* const library : {"akrip32.dll", "lame_enc.dll"})
+        std::ofstream(folder.file(library)) << "x";
+    std::ofstream(folder.file("b.wav")) << std::string(100000, 'x');
+    studio.Record.Text6.set(folder.file("b.wav"));
+    time.at(0, [this] { record->close(); });
+    press("Command20");
+    EXPECT_TRUE(fs::exists(folder.file("b.wav")));
+    EXPECT_TRUE(fs::exists(folder.file("b.mp3")));
+    expectFresh();
 }
 
 TEST_F(RecordWindow, TheBarFillsItsGround) {
