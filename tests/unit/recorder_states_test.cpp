@@ -1,3 +1,5 @@
+#include <random>
+
 #include "encoding_fixture.h"
 
 // Whatever is pressed at whatever moment, by the user or by a call: nothing hangs, what was captured is kept,
@@ -113,6 +115,7 @@ class Midst : public EncodingTest {
     void log() { window().CmdLog.userPut(Value(1LL)); }
     void mixer() { window().Command1.userPut(Value(1LL)); }
     void close() { recorder().window.Form_Unload(); }
+    void open() { recorder().window.Form_Load(); }
 
     /// What still runs comes to its end; a capture without one is stopped as the user would.
     void settle() {
@@ -138,6 +141,34 @@ class Midst : public EncodingTest {
         });
     }
     std::size_t kept() { return recordings().size(); }
+    /// Recordings that the device was told to forget before it had saved them.
+    int lost() {
+        int count = 0;
+        bool captured = false;
+        for (const std::string& line : commands()) {
+            if (line.starts_with("\"record capture\" -> 0")) captured = true;
+            if (line.starts_with("\"save capture ") && line.ends_with(" -> 0 \"\"")) captured = false;
+            if (!captured || !(line.starts_with("\"close capture") || line.starts_with("\"Close All")))
+                continue;
+            ++count;
+            captured = false;
+        }
+        return count;
+    }
+    /// Every ten seconds for ten minutes a file that was paused goes on.
+    void relentAgainAndAgain() {
+        for (int moment = 10; moment < 600; moment += 10) {
+            time.at(moment * 1000, [this] {
+                if (studio.player.PauseRequested) recorder().audio.togglePause();
+            });
+        }
+    }
+    void at(int milliseconds, std::function<void()> call) { time.at(milliseconds, std::move(call)); }
+    void prepare() {
+        put(write("song.mid", "MThd"));
+        window().Check2.set(true);
+        seconds(0);
+    }
     void recordOnceMore() {
         window().Optsourcesng.userPut(Value(1LL));
         window().Check2.set(false);
@@ -202,6 +233,33 @@ constexpr Action actions[] = {{"start", &Midst::start},
                               {"mixer", &Midst::mixer},
                               {"close", &Midst::close}};
 
+TEST(RecorderAtRandom, LosesNoRecordingAndComesToRest) {
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        Midst program;
+        program.prepare();
+        program.relentAgainAndAgain();
+        const auto count = 2 + random() % 15;
+        for (auto number = count; number > 0; --number) {
+            const Action& action = actions[random() % std::size(actions)];
+            const bool reopens = action.act == &Midst::close;
+            program.at(static_cast<int>(random() % 15000), [&program, &action, reopens] {
+                (program.*action.act)();
+                if (reopens) program.open();
+            });
+        }
+        program.start();
+        program.settle();
+        program.settle();
+        EXPECT_EQ(program.lost(), 0);
+        EXPECT_EQ(program.buttons(), "1011Encode File0");
+        const auto before = program.kept();
+        program.recordOnceMore();
+        EXPECT_EQ(program.kept(), before + 1);
+    }
+}
+
 class RecorderStates : public testing::TestWithParam<State> {};
 
 TEST_P(RecorderStates, TakeAnyActionAndKeepWhatWasCaptured) {
@@ -216,6 +274,7 @@ TEST_P(RecorderStates, TakeAnyActionAndKeepWhatWasCaptured) {
         });
         program.settle();
         EXPECT_EQ(times, 1);
+        EXPECT_EQ(program.lost(), 0);
         EXPECT_EQ(program.buttons(), "1011Encode File0");
         if (state.captured > 0) {
             const auto bytes = static_cast<std::uintmax_t>(state.captured) * 1764 / 10;
