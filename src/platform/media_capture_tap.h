@@ -11,7 +11,7 @@ namespace melvane {
 /// Sound that was heard and waits to be written down; what comes while it is full is counted and lost.
 struct CaptureRing {
     /// Six seconds: longer than a busy disk keeps a writer waiting.
-    static constexpr std::size_t frames = 6 * soundRate;
+    static constexpr std::size_t frames = std::size_t{6} * soundRate;
 
     SoundRing ring{frames * soundChannels};
     std::atomic<std::uint64_t> lostFrames{0};

@@ -121,7 +121,8 @@ class MediaTest : public testing::Test {
         .soundsElsewhere = [this] { return elsewhere; },
         .openInput = [](const std::shared_ptr<SoundTap>&) { return std::unique_ptr<SoundInput>(); },
         .outputDelaySeconds = delaySeconds,
-        .recordingsFolder = [this] { return recordings; }};
+        .recordingsFolder = [this] { return recordings; },
+        .readPatience = std::chrono::seconds(20)};
     std::unique_ptr<PortableMediaDevice> device =
         std::make_unique<PortableMediaDevice>(clock, synthesizer, setting);
     SoundMixer mixer{{&source, &synthesizer, &device->voices()}, {&device->tap()}, soundRate};
