@@ -14,9 +14,8 @@ namespace {
 namespace fs = std::filesystem;
 
 // 204 and 205 have no data.
-constexpr std::array<const char*, 14> samples{"101.sng",  "102.sng",  "103.sng", "104.sng", "105.sng",
-                                              "201.sng",  "202.sng",  "203.sng", "204.sng", "205.sng",
-                                              "104a.sng", "104b.sng", "333.mid", "301.sng"};
+constexpr std::array samples{"101.sng", "102.sng", "103.sng", "104.sng",  "105.sng",  "201.sng", "202.sng",
+                             "203.sng", "204.sng", "205.sng", "104a.sng", "104b.sng", "333.mid", "301.sng"};
 
 constexpr std::int64_t settleMilliseconds = 200;
 

@@ -37,7 +37,8 @@ class ToolWindows {
     virtual ~ToolWindows() = default;
     virtual void setShown(Window window, bool shown) = 0;
     virtual void setEnabled(Window window, bool enabled) = 0;
-    /// Loads and shows a window by its given name ("Form3"); false when the program has no such window.
+    /// Loads and shows a window by its given name ("Form3"), before the others that float; false when the
+    /// program has no such window.
     virtual bool showWindow(const char* name) = 0;
     /// Closes a window if it is loaded; another name does nothing.
     virtual void unloadWindow(const char* name) = 0;

@@ -10,7 +10,7 @@ constexpr int chordsPage = 2;  // of the Setup toolbar
 /// Each line of the list of channel chords sounds as the one above it: this one as "Major".
 constexpr int soundsMajor = 1;
 
-constexpr std::array<LessonStep, 8> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open a blank music tablet....",
      {{"Click the first button on the toolbar to clear all notes from the music tablet.."}},
      {{clearAll()}}},
@@ -43,7 +43,7 @@ constexpr std::array<LessonStep, 8> steps{{
      {{"The chord on Channel 1 will be turned off, and the same notes are played once more.",
        "Now sit back and listen."}},
      {{put("Form3", "Ch", 0, 0), play()}}},
-}};
+});
 
 }  // namespace
 

@@ -6,7 +6,7 @@ namespace {
 
 using namespace lesson;
 
-constexpr std::array<LessonStep, 8> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open a blank music tablet....",
      {{"Click the first button on the toolbar to clear all notes from the music tablet..",
        "The notes that are there now will be lost, so save them first if you want to keep them."}},
@@ -42,7 +42,7 @@ constexpr std::array<LessonStep, 8> steps{{
        "Choose the type of the file in the window that opens: a score (sng), which you can open and change "
        "again, or a MIDI file (mid)."}},
      {{call("form1", "mSaveAs_Click")}}},
-}};
+});
 
 }  // namespace
 

@@ -15,7 +15,7 @@ constexpr LessonAction copyButton = call("Form2", "Cmd2_Click", 12),
                        pasteInsertButton = call("Form2", "Cmd2_Click", 15),
                        duplicateButton = call("Form2", "Cmd2_Click", 17);
 
-constexpr std::array<LessonStep, 11> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Draw a few notes....",
      {{"Drawing notes is an intuitive process with Melvane. ",
        "Press the left mouse button on the tablet, pull to the right to make the note longer, and let go.",
@@ -75,7 +75,7 @@ constexpr std::array<LessonStep, 11> steps{{
      {{noNoteTest, firstChannel, returnToStart(), selectTool(), put("Form2", "Check2", 1),
        put("Form2", "Text3", 60), wait(), put("Form2", "Text4", 12), wait(), put("Form2", "Text5", 8), wait(),
        duplicateButton}}},
-}};
+});
 
 }  // namespace
 

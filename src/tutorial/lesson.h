@@ -30,6 +30,11 @@ struct LessonAction {
     const char* name = "";
     std::array<int, mostNumbers> numbers{};
     int count = 0;  ///< of numbers in use
+
+    /// Whether `name` is that of a sample which the action opens.
+    constexpr bool opensSample() const {
+        return kind == Kind::sample || kind == Kind::handOver || kind == Kind::handOverIfNone;
+    }
 };
 
 struct LessonStep {

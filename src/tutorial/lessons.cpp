@@ -6,9 +6,8 @@ namespace melvane {
 
 namespace {
 
-constexpr std::array<const Lesson*, 8> all{&composingLesson, &chordsLesson,      &percussionLesson,
-                                           &editingLesson,   &midiFileLesson,    &recordingLesson,
-                                           &setupLesson,     &quickComposeLesson};
+constexpr std::array all{&composingLesson, &chordsLesson,    &percussionLesson, &editingLesson,
+                         &midiFileLesson,  &recordingLesson, &setupLesson,      &quickComposeLesson};
 
 }  // namespace
 

@@ -8,7 +8,7 @@ using namespace lesson;
 
 constexpr int playButton = 1;  // of the recorder's player
 
-constexpr std::array<LessonStep, 5> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open a score file (*.scr)....",
      {{"Click button #2 on the toolbar to open a score.", "A ready-made score will be opened for you."}},
      {{sample("104.sng")}}},
@@ -26,7 +26,7 @@ constexpr std::array<LessonStep, 5> steps{{
     {"5. Play the MID file.......",
      {{"Click Play on the Recording toolbar.", "Now sit back and listen."}},
      {{show("Record"), call("Record", "Cmd2_Click", playButton)}}},
-}};
+});
 
 }  // namespace
 

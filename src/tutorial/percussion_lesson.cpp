@@ -8,7 +8,7 @@ using namespace lesson;
 
 constexpr LessonAction pickInstrument = call("Form3", "LblInst2_DblClick");
 
-constexpr std::array<LessonStep, 11> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open Percussion Channel 1........",
      {{"Select channels using the Setup toolbar (Button #9 on the main toolbar), which is normally always "
        "open.",
@@ -56,7 +56,7 @@ constexpr std::array<LessonStep, 11> steps{{
     {"5. Test the finished composition.......",
      {{"Click button #6 on the toolbar to play the composition.", "Now sit back and listen."}},
      {{play()}}},
-}};
+});
 
 }  // namespace
 

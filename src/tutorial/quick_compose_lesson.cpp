@@ -9,7 +9,7 @@ using namespace lesson;
 constexpr int major = 1;  // in the bar's list of chords
 constexpr LessonAction effects = put("form1", "Check1", 1);
 
-constexpr std::array<LessonStep, 9> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open a blank music tablet....",
      {{"Click the first button on the toolbar to clear all notes from the music tablet.."}},
      {{clearAll()}}},
@@ -49,7 +49,7 @@ constexpr std::array<LessonStep, 9> steps{{
     {"9. Play the composition",
      {{"Click button #6 on the toolbar to play the composition.", "Now sit back and listen."}},
      {{play()}}},
-}};
+});
 
 }  // namespace
 

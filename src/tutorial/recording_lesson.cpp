@@ -11,7 +11,7 @@ constexpr LessonAction notesAsSource = put("Record", "Optsourcesng", 1);
 constexpr LessonAction record = call("Record", "CmdrecordSNG_Click");
 constexpr LessonAction stop = press("Record", "CmdStopRecording");
 
-constexpr std::array<LessonStep, 10> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open the Recording Module.......",
      {{"Click button #11 on the toolbar to open the Recording toolbar."}},
      {{show("Record")}}},
@@ -52,7 +52,7 @@ constexpr std::array<LessonStep, 10> steps{{
      {{"A recording ends with the file. Click Stop Recording to end it sooner.",
        "What was recorded until then is kept."}},
      {{stop}}},
-}};
+});
 
 }  // namespace
 

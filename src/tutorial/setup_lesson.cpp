@@ -9,7 +9,7 @@ using namespace lesson;
 constexpr int setupTab = 0;
 constexpr int quickTempo = 120, usualTempo = 100;
 
-constexpr std::array<LessonStep, 7> steps{{
+constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open the Setup tab....",
      {{"The Setup toolbar is normally always open. Button #9 on the main toolbar shows and hides it.",
        "Its first tab is named Setup."}},
@@ -40,7 +40,7 @@ constexpr std::array<LessonStep, 7> steps{{
        "If you hear nothing, choose another device on the tab Configuration of the Setup toolbar.",
        "Now sit back and listen."}},
      {{play()}}},
-}};
+});
 
 }  // namespace
 

@@ -89,8 +89,7 @@ void Tutorial::renewSamples() {
     for (const Lesson* const lesson : lessons()) {
         for (const auto& step : lesson->steps) {
             for (const auto& action : step.actions) {
-                const auto kind = action.kind;
-                if (kind != LessonAction::Kind::sample && kind != LessonAction::Kind::handOver) continue;
+                if (!action.opensSample()) continue;
                 std::error_code failed;
                 std::filesystem::remove(parts_.directories.media() / action.name, failed);
             }

@@ -62,7 +62,9 @@ bool FloatingWindows::showWindow(const char* name) {
         if (entry.name != name) continue;
         if (!entry.window) entry.window = entry.make();
         entry.waits = heldBack_;
-        if (!heldBack_) entry.window->show();
+        if (heldBack_) return true;
+        if (entry.window->isVisible()) entry.window->raise();
+        entry.window->show();
         return true;
     }
     return false;

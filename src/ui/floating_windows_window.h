@@ -32,6 +32,7 @@ class FloatingWindows : public ToolWindows {
     /// A window that is shown again does not take the focus.
     void setShown(Window window, bool shown) override;
     void setEnabled(Window window, bool enabled) override;
+    /// One that is shown already comes before the others that float, without the focus.
     bool showWindow(const char* name) override;
     void unloadWindow(const char* name) override;
     void unloadAll() override;

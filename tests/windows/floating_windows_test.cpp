@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QEvent>
+
 namespace melvane::test {
 
 class FloatingWindowsTest : public testing::Test {
@@ -26,6 +28,29 @@ TEST_F(FloatingWindowsTest, AWindowIsMadeWhenItIsFirstShown) {
     EXPECT_TRUE(windows.showWindow("Form3"));
     EXPECT_EQ(made, 1);
     EXPECT_FALSE(setup->isHidden());
+}
+
+/// Counts how often a window comes before the others.
+class RaiseCounter : public QObject {
+ public:
+    int raises = 0;
+
+ protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ZOrderChange) ++raises;
+        return false;
+    }
+};
+
+TEST_F(FloatingWindowsTest, AShownWindowThatIsAskedForComesBeforeTheOthers) {
+    windows.showWindow("Form3");
+    RaiseCounter counter;
+    setup->installEventFilter(&counter);
+    windows.showWindow("Form3");
+    EXPECT_EQ(counter.raises, 1);
+    EXPECT_FALSE(setup->isHidden());
+    windows.setShown(ToolWindows::Window::setup, true);
+    EXPECT_EQ(counter.raises, 1) << "shown again beside a dialog, it stays in its place";
 }
 
 TEST_F(FloatingWindowsTest, AnUnknownNameShowsNothing) {
