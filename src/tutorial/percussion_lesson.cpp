@@ -19,7 +19,8 @@ constexpr auto steps = std::to_array<LessonStep>({
        "A cymbal or a hi-hat is a good choice for this channel."}},
      {{channel(8), pickInstrument}}},
     {"b. Add  Percussion notes........",
-     {{"Percussion notes are drawn on the Percussion Tableau, the strip under the music tablet.",
+     {{"Percussion notes are drawn on the Percussion Tableau, the strip under the music tablet. Move the "
+       "toolbars aside if they cover it.",
        "Every second column will get a beat."}},
      {{drawTool(), returnToStart(), channel(8), beat(0, 0), wait(), beat(2, 0), wait(), beat(4, 0), wait(),
        beat(6, 0)}}},

@@ -21,7 +21,8 @@ constexpr auto steps = std::to_array<LessonStep>({
      {{"Label 2 selects Channel 2.", "A bass will be added."}},
      {{channel(1), sample("102.sng")}}},
     {"4. Select an Instrument",
-     {{"Tick Effects on the bar, click a note in the strip under the tablet, and double-click the name of "
+     {{"The Quick Compose bar is the lower end of the main window. Move the toolbars aside if they cover it.",
+       "Tick Effects on the bar, click a note in the strip under the tablet, and double-click the name of "
        "the "
        "instrument.",
        "Choose an instrument for the first note of Channel 1 in the left list of the window that opens, and "
