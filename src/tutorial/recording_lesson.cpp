@@ -19,9 +19,12 @@ constexpr auto steps = std::to_array<LessonStep>({
      {{"Say what is to be recorded: the notes on the tablet, a MIDI file, or what you play on the keyboard.",
        "Choose the format of the recording, and tick Show Note position to follow the notes while they are "
        "recorded.",
-       "The usual choices will be made for you."}},
+       "Auto-Encode to MP3 makes an MP3 file of each recording. It will be turned off, so that your "
+       "recording "
+       "stays a WAV file, as it was played.",
+       "For the rest the usual choices will be made for you."}},
      {{show("Record"), notesAsSource, wait(), put("Record", "cbxFormat", usualFormat), wait(),
-       put("Record", "Check4", 1)}}},
+       put("Record", "Check4", 1), put("Record", "Check2", 0)}}},
     {"3. To record from a score file (*.scr)....",
      {{"Choose Notes (SNG) as the recording source."}},
      {{show("Record"), notesAsSource}}},
