@@ -9,7 +9,9 @@ namespace melvane {
 
 namespace {
 
-constexpr double fromRight = 400, fromTop = 1500;  // twips, of the place of a first start
+/// Twips, of the place of a first start. At the screen's edge, where the recorder in the middle of a small
+/// screen leaves the steps to be read.
+constexpr double fromTop = 1500;
 
 constexpr const char* closingLine =
     "Close this window to continue. (Double-click on it or click the X button).This step will then be "
@@ -80,7 +82,7 @@ void Tutorial::Form_Load() {
 
 void Tutorial::readPlace() {
     auto& place = studio_.Wiz.place;
-    parts_.settings.read("Wiz left", parts_.frame.screenWidth() - place.width - fromRight, place.left);
+    parts_.settings.read("Wiz left", parts_.frame.screenWidth() - place.width, place.left);
     parts_.settings.read("Wiz top", fromTop, place.top);
 }
 

@@ -206,7 +206,7 @@ TEST_F(TutorialTest, ATipIsModalForAtLeastItsSecond) {
 TEST_F(TutorialTest, ThePlaceOfAFirstStartIsAtTheRightOfTheScreen) {
     studio.Wiz.place = {0, 0, 6000, 5000};
     engine.tutorial.Form_Load();
-    EXPECT_EQ(studio.Wiz.place.left, 1280 * twipsAPixel - 6000 - 400);
+    EXPECT_EQ(studio.Wiz.place.left, 1280 * twipsAPixel - 6000);
     EXPECT_EQ(studio.Wiz.place.top, 1500);
     studio.Wiz.place.left = 123.75;
     engine.tutorial.Form_Unload();
