@@ -8,6 +8,7 @@
 
 #include "recorder/player_panel.h"
 #include "recorder/recording_panel.h"
+#include "ui/qt_front_keeper.h"
 #include "ui/qt_window_place.h"
 
 namespace melvane {
@@ -36,6 +37,7 @@ Record::Record(Studio& studio, RecorderCommands& commands, QWidget* parent)
     rows->addStretch();
     makePicture();
     holdContents();
+    new FrontKeeper(*this);
 }
 
 /// Nobody sees it: the device wants a window for what it plays.

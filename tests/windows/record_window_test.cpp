@@ -2,10 +2,12 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QWindow>
 #include <filesystem>
 #include <fstream>
 
@@ -60,6 +62,31 @@ TEST_F(RecordWindow, TheMainToolbarOpensIt) {
     EXPECT_EQ(record->windowTitle(), "Sound Recorder");
     EXPECT_EQ(record->pos(), QPoint(static_cast<int>(studio.Record.place.left / twipsAPixel),
                                     static_cast<int>(studio.Record.place.top / twipsAPixel)));
+}
+
+TEST_F(RecordWindow, ItGoesBeforeTheKeyboardThatOpensAndBackWithoutTakingTheFocus) {
+    const auto before = [this] { return record->windowHandle()->transientParent(); };
+    const QPoint place = record->pos();
+    studio.Record.Text6.set("a.wav");
+    QWidget keyboard;  // as the keyboard, it does not own the recorder
+    for (QWidget* const active : {&keyboard, static_cast<QWidget*>(&window)}) {
+        active->show();
+        active->activateWindow();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(before(), active->windowHandle());
+        EXPECT_TRUE(record->isVisible());
+        EXPECT_TRUE(active->isActiveWindow());
+        EXPECT_EQ(record->pos(), place);
+    }
+    EXPECT_EQ(part<QLineEdit>("Text6")->text(), "a.wav");
+}
+
+TEST_F(RecordWindow, ADialogLeavesItWhereItIs) {
+    QDialog dialog(record);
+    dialog.show();
+    dialog.activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(record->windowHandle()->transientParent(), window.windowHandle());
 }
 
 TEST_F(RecordWindow, EachControlShowsWhatItHolds) {
