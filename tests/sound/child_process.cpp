@@ -36,17 +36,20 @@ ChildProcess ChildProcess::start(const std::vector<std::string>& command, const 
 
 ChildProcess::~ChildProcess() { stop(SIGKILL); }
 
-ChildProcess::ChildProcess(ChildProcess&& other) noexcept : id_(std::exchange(other.id_, -1)) {}
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept
+    : id_(std::exchange(other.id_, -1)), exitCode_(other.exitCode_) {}
 
 ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
     std::swap(id_, other.id_);
+    std::swap(exitCode_, other.exitCode_);
     return *this;
 }
 
 bool ChildProcess::isRunning() {
     if (id_ <= 0) return false;
-    if (waitpid(id_, nullptr, WNOHANG) == 0) return true;
-    id_ = -1;
+    int status = 0;
+    if (waitpid(id_, &status, WNOHANG) == 0) return true;
+    noteEnd(status);
     return false;
 }
 
@@ -60,10 +63,16 @@ void ChildProcess::stop(int signal) {
 }
 
 int ChildProcess::wait() {
-    if (id_ <= 0) return -1;
+    if (id_ <= 0) return exitCode_;
     int status = 0;
-    const pid_t ended = waitpid(std::exchange(id_, -1), &status, 0);
-    return ended > 0 && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    if (waitpid(id_, &status, 0) > 0) noteEnd(status);
+    id_ = -1;
+    return exitCode_;
+}
+
+void ChildProcess::noteEnd(int status) {
+    id_ = -1;
+    exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 }  // namespace melvane::sound_test

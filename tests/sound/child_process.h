@@ -23,10 +23,15 @@ class ChildProcess {
     void send(int signal) const;
     /// Waits for the end; the exit code, or -1 when it was killed or never ran.
     int wait();
+    /// -1 when it does not run.
+    pid_t id() const { return id_; }
 
  private:
     explicit ChildProcess(pid_t id) : id_(id) {}
+    void noteEnd(int status);
+
     pid_t id_ = -1;
+    int exitCode_ = -1;
 };
 
 }  // namespace melvane::sound_test
