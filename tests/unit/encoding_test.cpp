@@ -102,6 +102,21 @@ TEST_F(EncodingTest, APressAfterTheCancellingWaitsForItsEnd) {
     EXPECT_EQ(read(folder.file("b.mp3")), mp3Of(read(other), chosen()));
 }
 
+TEST_F(EncodingTest, EachChunkIsInTheFileAtOnce) {
+    const std::string wav = tone("a.wav", 1152 * 20);
+    std::vector<std::string> parts;
+    atTurn([&](int) { parts.push_back(read(folder.file("a.mp3"))); });
+    encode(wav);
+    const std::string whole = read(folder.file("a.mp3"));
+    ASSERT_EQ(parts.size(), 21U);
+    for (std::size_t turn = 1; turn < parts.size(); ++turn) {
+        EXPECT_GE(parts[turn].size(), parts[turn - 1].size());
+        EXPECT_TRUE(whole.starts_with(parts[turn]));
+    }
+    EXPECT_GT(parts[10].size(), whole.size() / 3);
+    EXPECT_LT(parts[10].size(), whole.size() * 2 / 3);
+}
+
 TEST_F(EncodingTest, TheTickDeletesTheWaveAfterwards) {
     window().Check3.set(true);
     const std::string wav = tone("a.wav", 2000);

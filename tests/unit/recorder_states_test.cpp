@@ -112,6 +112,10 @@ class Midst : public EncodingTest {
     void chooseFiles() { window().Optsourcemid.userPut(Value(1LL)); }
     void chooseKeyboard() { window().Optsourcekeyboard.userPut(Value(1LL)); }
     void chooseFormat() { window().cbxFormat.userPut(Value(0LL)); }
+    void pauseTheScore() { studio.player.PauseRequested = true; }
+    void playTheScore() { engine.player.PlayAndStop_Click(0); }
+    void stopTheScore() { engine.player.PlayAndStop_Click(1); }
+    void silence() { engine.panic.Command32_Click(); }
     void log() { window().CmdLog.userPut(Value(1LL)); }
     void mixer() { window().Command1.userPut(Value(1LL)); }
     void close() { recorder().window.Form_Unload(); }
@@ -158,9 +162,7 @@ class Midst : public EncodingTest {
     /// Every ten seconds for ten minutes a file that was paused goes on.
     void relentAgainAndAgain() {
         for (int moment = 10; moment < 600; moment += 10) {
-            time.at(moment * 1000, [this] {
-                if (studio.player.PauseRequested) recorder().audio.togglePause();
-            });
+            time.at(moment * 1000, [this] { relent(); });
         }
     }
     void at(int milliseconds, std::function<void()> call) { time.at(milliseconds, std::move(call)); }
@@ -178,12 +180,15 @@ class Midst : public EncodingTest {
     }
 
  private:
+    /// What was paused goes on; a score in between has taken the flag of the pause.
+    void relent() {
+        studio.player.PauseRequested = false;
+        recorder().audio.ResumeMP3();
+    }
     void atMoment(int milliseconds, const Act& act) {
         time.at(milliseconds, [this, &act] { act(*this); });
         // A file that was paused would stand there for ever.
-        time.at(milliseconds + 20000, [this] {
-            if (studio.player.PauseRequested) recorder().audio.togglePause();
-        });
+        time.at(milliseconds + 20000, [this] { relent(); });
     }
     void chooseMidi() {
         window().Optsourcemid.userPut(Value(1LL));
@@ -229,6 +234,10 @@ constexpr Action actions[] = {{"start", &Midst::start},
                               {"files", &Midst::chooseFiles},
                               {"keyboard", &Midst::chooseKeyboard},
                               {"format", &Midst::chooseFormat},
+                              {"pause the score", &Midst::pauseTheScore},
+                              {"play the score", &Midst::playTheScore},
+                              {"stop the score", &Midst::stopTheScore},
+                              {"silence", &Midst::silence},
                               {"log", &Midst::log},
                               {"mixer", &Midst::mixer},
                               {"close", &Midst::close}};
