@@ -39,10 +39,15 @@ RecordingRun::RecordingRun(Studio& studio, Parts parts) : studio_(studio), parts
 
 void RecordingRun::CmdrecordSNG_Click() {
     if (running_) return;
-    if (parts_.capture.isToBeSaved()) CmdStopRecording_Click();  // one whose stop cannot be reached any more
+    saveWhatIsLeft();
     if (!studio_.Record.Optsourcemid.ticked()) return RecordWav();
     parts_.log.show("Recording source is 'File'. Opening File...");
     checkSource();
+}
+
+/// A capture that goes on without a run is not lost to the next one.
+void RecordingRun::saveWhatIsLeft() {
+    if (parts_.capture.isToBeSaved()) CmdStopRecording_Click();
 }
 
 void RecordingRun::checkSource() {
@@ -55,12 +60,14 @@ void RecordingRun::checkSource() {
 
 void RecordingRun::RecordWav() {
     if (running_) return;
+    saveWhatIsLeft();
     const Raised raised(running_);
     if (takeSongsFolder()) run();
 }
 
 void RecordingRun::RecordWavFromMid() {
     if (running_) return;
+    saveWhatIsLeft();
     const Raised raised(running_);
     if (studio_.Record.Optsourcemid.ticked() && !hasMidiFile()) {
         parts_.log.show("You must enter a File Name to start recording");

@@ -42,6 +42,7 @@ class RecordingRun {
     void listNames(NameTables& tables);
 
  private:
+    void saveWhatIsLeft();
     void checkSource();
     bool takeSongsFolder();
     bool hasMidiFile();

@@ -150,10 +150,11 @@ class Midst : public EncodingTest {
         int count = 0;
         bool captured = false;
         for (const std::string& line : commands()) {
+            const bool forgets = line.starts_with("\"close capture") || line.starts_with("\"Close All") ||
+                                 line.starts_with("\"open new ");
             if (line.starts_with("\"record capture\" -> 0")) captured = true;
             if (line.starts_with("\"save capture ") && line.ends_with(" -> 0 \"\"")) captured = false;
-            if (!captured || !(line.starts_with("\"close capture") || line.starts_with("\"Close All")))
-                continue;
+            if (!captured || !forgets) continue;
             ++count;
             captured = false;
         }
