@@ -1,5 +1,7 @@
 #include "midi/setup_sliders.h"
 
+#include <functional>
+
 #include "core/names.h"
 
 namespace melvane {
@@ -89,7 +91,7 @@ void SetupSliders::takeEffect(Slider slider, Int16 value) {
     const auto& effect = effects[static_cast<std::size_t>(slider)];
     const Int16 channel = studio_.Form3.SetupChannel;
     studio_.tracks.ChannelSettings[static_cast<std::size_t>(channel)].*effect.field = value;
-    (output_.*effect.send)(value, channel);
+    std::invoke(effect.send, output_, value, channel);
     if (slider == pan) leaveRest(channel);
 }
 

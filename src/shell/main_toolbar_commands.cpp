@@ -1,6 +1,7 @@
 #include "shell/main_toolbar_commands.h"
 
 #include <array>
+#include <functional>
 
 #include "core/names.h"
 #include "shell/editing_pictures.h"
@@ -69,7 +70,7 @@ void MainToolbarCommands::toggleLoop() {
 
 void MainToolbarCommands::aroundDialog(void (ScoreFiles::*command)()) {
     setToolWindows(false);
-    (files_.*command)();
+    std::invoke(command, files_);
     setToolWindows(true);
 }
 

@@ -3,6 +3,7 @@
 #include <QShortcut>
 #include <QWidget>
 #include <array>
+#include <functional>
 
 #include "shell/engine.h"
 
@@ -30,7 +31,7 @@ void addKeys(QWidget& window, Engine& engine) {
         auto* const shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window);
         shortcut->setAutoRepeat(false);
         QObject::connect(shortcut, &QShortcut::activated, &window,
-                         [&engine, run = command] { (engine.toolbar.*run)(); });
+                         [&engine, run = command] { std::invoke(run, engine.toolbar); });
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <functional>
 
 #include "shell/engine.h"
 #include "ui/qt_bindings.h"
@@ -96,7 +97,7 @@ void SetupScorePanel::addInstruments(Studio& studio, Engine& engine) {
     int row = static_cast<int>(speeds.size());
     for (const auto& entry : instrumentEntries) {
         auto& channels = engine.setup.channels;
-        const auto pick = [&channels, run = entry.pick] { (channels.*run)(); };
+        const auto pick = [&channels, run = entry.pick] { std::invoke(run, channels); };
         auto* const name = new InstrumentReadout(this);
         name->setObjectName(entry.label);
         name->setToolTip(entry.tip);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 
 #include "core/names.h"
 #include "midi/messages.h"
@@ -213,7 +214,7 @@ template <Int16 LiveChannelRecord::*field, void (MidiOutput::*send)(Int16, Int16
 void KeyboardSliders::takeEffect(double value) {
     const auto number = static_cast<Int16>(value);
     if (auto* record = channels_.record()) record->*field = number;
-    (output_.*send)(number, studio_.keyboard.LiveChannel);
+    std::invoke(send, output_, number, studio_.keyboard.LiveChannel);
 }
 
 void KeyboardSliders::takeChannel(double value) {
