@@ -6,6 +6,8 @@
 #include <QCursor>
 #include <QMenu>
 #include <QMouseEvent>
+#include <functional>
+#include <utility>
 
 namespace melvane {
 
@@ -60,8 +62,7 @@ void Frmmenu::addEntries(QMenu& menu, std::span<const PopupEntry> entries) {
                 action->setChecked((studio_.Frmmenu.*entry.mark).ticked());
             }
             if (entry.chosen == nullptr) continue;
-            // The menu goes first: what was chosen may take its time.
-            connect(action, &QAction::triggered, this, [this, chosen = entry.chosen] { (menus_.*chosen)(); });
+            connect(action, &QAction::triggered, this, [this, chosen = entry.chosen] { chosen_ = chosen; });
         }
     }
 }
@@ -79,16 +80,17 @@ void Frmmenu::show(const Popup& popup, std::function<void()> closed) {
     menu->setObjectName(popup.name);
     menu->setTitle(popup.caption);
     addEntries(*menu, popup.entries);
-    // The entry's own work is done right after the menu has gone; what follows the menu comes behind it.
-    connect(menu, &QMenu::aboutToHide, this, [this, menu, closed] {
-        QMetaObject::invokeMethod(
-            this,
-            [menu, closed] {
-                menu->deleteLater();
-                if (closed) closed();
-            },
-            Qt::QueuedConnection);
-    });
+    // The menu goes first, out of the calls too that it is in: what was chosen may take its time, and the
+    // menu would be gone when they return. What follows the menu comes behind it.
+    chosen_ = nullptr;
+    connect(
+        menu, &QMenu::aboutToHide, this,
+        [this, menu, closed] {
+            menu->deleteLater();
+            if (const auto chosen = std::exchange(chosen_, nullptr)) std::invoke(chosen, menus_);
+            if (closed) closed();
+        },
+        Qt::QueuedConnection);
     menu->popup(place());
 }
 

@@ -33,6 +33,7 @@ class Frmmenu : public QWidget, public PopupView {
     Studio& studio_;
     PopupMenus& menus_;
     QWidget* owner_;
+    void (PopupMenus::*chosen_)() = nullptr;  // of the menu that is closing
 };
 
 }  // namespace melvane

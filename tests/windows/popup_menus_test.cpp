@@ -86,9 +86,22 @@ TEST_F(PopupMenusTest, TheInterfaceMenuHasTheTwoLooks) {
     EXPECT_FALSE(entry(*looks, "3D stylized")->isChecked());
     EXPECT_TRUE(entry(*looks, "XP style")->isChecked());
     entry(*looks, "3D stylized")->trigger();
-    EXPECT_EQ(store.read("XPInterface"), "False");
     openMenu()->close();
     QCoreApplication::processEvents();
+    EXPECT_EQ(store.read("XPInterface"), "False");
+}
+
+// A song that plays from a menu serves the queue, in which the menu's end lies.
+TEST_F(PopupMenusTest, AnEntryIsDoneOutsideTheClickThatChoseIt) {
+    QTest::mouseClick(find<QToolButton>("ImgPic(3)"), Qt::LeftButton);
+    QMenu* const menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    QAction* const chords = entry(*menu, "Set Polynotes on Right-Click");
+    ASSERT_NE(chords, nullptr);
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(chords).center());
+    EXPECT_EQ(studio.selection.RightClickMode, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(studio.selection.RightClickMode, 2);
 }
 
 TEST_F(PopupMenusTest, TheTabletsMenuWorksOnTheSelectionBeforeItGoes) {
