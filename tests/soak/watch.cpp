@@ -1,0 +1,109 @@
+#include "soak/watch.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+namespace melvane::soak {
+
+namespace fs = std::filesystem;
+
+long residentKilobytes(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/statm");
+    long total = 0, resident = 0;
+    if (!(file >> total >> resident)) return 0;
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+std::optional<std::chrono::milliseconds> timeToIdle(pid_t process, std::chrono::milliseconds patience) {
+    using std::chrono::steady_clock;
+    const std::string place = "/proc/" + std::to_string(process) + "/wchan";
+    const auto start = steady_clock::now();
+    for (;;) {
+        std::ifstream file(place);
+        std::string waitsIn;
+        const bool gone = !std::getline(file, waitsIn) && !file.eof();
+        const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
+        if (gone || waitsIn.starts_with("poll_schedule") || waitsIn.starts_with("do_poll")) return taken;
+        if (taken > patience) return {};
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+}
+
+long MemoryWatch::greatest(double fromMinute, double toMinute) const {
+    long most = 0;
+    for (const Sample& sample : samples_) {
+        if (sample.minute >= fromMinute && sample.minute <= toMinute) most = std::max(most, sample.kilobytes);
+    }
+    return most;
+}
+
+double MemoryWatch::growth(double fromMinute) const {
+    double count = 0, minutes = 0, sizes = 0, squares = 0, products = 0;
+    for (const Sample& sample : samples_) {
+        if (sample.minute < fromMinute) continue;
+        const auto size = static_cast<double>(sample.kilobytes);
+        count += 1;
+        minutes += sample.minute;
+        sizes += size;
+        squares += sample.minute * sample.minute;
+        products += sample.minute * size;
+    }
+    const double spread = count * squares - minutes * minutes;
+    return spread <= 0 ? 0 : (count * products - minutes * sizes) / spread * 60;
+}
+
+std::string MemoryWatch::table() const {
+    std::ostringstream text;
+    double next = 0;
+    for (const Sample& sample : samples_) {
+        if (sample.minute < next) continue;
+        text << "  minute " << static_cast<int>(sample.minute) << ": " << sample.kilobytes / 1024 << " MB\n";
+        next = sample.minute + 5;
+    }
+    return text.str();
+}
+
+std::map<std::string, FileWatch::File> FileWatch::filesIn(const fs::path& folder) {
+    constexpr std::array<std::string_view, 4> kept{".sng", ".mid", ".mp3", ".key"};
+    std::map<std::string, File> files;
+    std::error_code error;
+    for (fs::recursive_directory_iterator at(folder, error), end; at != end; at.increment(error)) {
+        if (error) break;
+        const fs::path& path = at->path();
+        struct stat status {};
+        if (path.parent_path().filename() == "media" || stat(path.c_str(), &status) != 0) continue;
+        if (std::ranges::find(kept, path.extension().string()) != kept.end())
+            files[path.string()] = {static_cast<std::uintmax_t>(status.st_size), status.st_ino};
+    }
+    return files;
+}
+
+bool FileWatch::wasMoved(const File& file, const std::map<std::string, File>& now) const {
+    return std::ranges::any_of(now, [&](const auto& other) { return other.second.number == file.number; });
+}
+
+void FileWatch::look() {
+    auto now = filesIn(folder_);
+    for (const auto& [name, file] : seen_) {
+        const auto found = now.find(name);
+        if (found != now.end()) {
+            if (found->second.size == 0 && file.size > 0 && !name.ends_with(".mp3"))
+                losses_.push_back(name + " is empty");
+            continue;
+        }
+        if (wasMoved(file, now)) continue;
+        if (file.missed)
+            losses_.push_back(name + " is gone");
+        else
+            now[name] = {file.size, file.number, true};
+    }
+    seen_ = std::move(now);
+}
+
+}  // namespace melvane::soak

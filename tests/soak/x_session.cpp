@@ -1,0 +1,151 @@
+#include "soak/x_session.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+
+#include <algorithm>
+
+namespace melvane::soak {
+
+namespace {
+
+/// Windows go while they are looked at; what is asked of one that is gone has no answer, and that is all.
+int passOver(Display*, XErrorEvent*) { return 0; }
+
+struct Freed {
+    void operator()(void* memory) const {
+        if (memory != nullptr) XFree(memory);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<XSession> XSession::open() {
+    Display* const display = XOpenDisplay(nullptr);
+    if (display == nullptr) return nullptr;
+    int unused = 0;
+    if (XTestQueryExtension(display, &unused, &unused, &unused, &unused) == False) return nullptr;
+    return std::unique_ptr<XSession>(new XSession(display));
+}
+
+XSession::XSession(Display* display) : display_(display), root_(DefaultRootWindow(display)) {
+    XSetErrorHandler(passOver);
+}
+
+XSession::~XSession() { XCloseDisplay(display_); }
+
+std::vector<unsigned long> XSession::property(Window window, const char* name) const {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0, left = 0;
+    unsigned char* data = nullptr;
+    constexpr long most = 4096;
+    if (XGetWindowProperty(display_, window, atom(name), 0, most, False, AnyPropertyType, &type, &format,
+                           &count, &left, &data) != Success)
+        return {};
+    const std::unique_ptr<unsigned char, Freed> held(data);
+    if (data == nullptr || format != 32) return {};
+    const auto* const values = reinterpret_cast<const unsigned long*>(data);
+    return {values, values + count};
+}
+
+std::string XSession::titleOf(Window window) const {
+    XTextProperty text{};
+    if (XGetTextProperty(display_, window, &text, atom("_NET_WM_NAME")) == 0 || text.value == nullptr)
+        return {};
+    const std::unique_ptr<unsigned char, Freed> held(text.value);
+    return reinterpret_cast<const char*>(text.value);
+}
+
+std::optional<VisibleWindow> XSession::look(Window window, bool popup) const {
+    XWindowAttributes attributes{};
+    if (XGetWindowAttributes(display_, window, &attributes) == 0 || attributes.map_state != IsViewable)
+        return {};
+    int x = 0, y = 0;
+    Window child = 0;
+    if (XTranslateCoordinates(display_, window, root_, 0, 0, &x, &y, &child) == False) return {};
+    const auto states = property(window, "_NET_WM_STATE");
+    const bool modal = std::ranges::find(states, atom("_NET_WM_STATE_MODAL")) != states.end();
+    return VisibleWindow{window, titleOf(window), x, y, attributes.width, attributes.height, popup, modal};
+}
+
+bool XSession::isOf(Window window, pid_t process) const {
+    const auto owner = property(window, "_NET_WM_PID");
+    return !owner.empty() && static_cast<pid_t>(owner[0]) == process;
+}
+
+void XSession::restore(pid_t process) {
+    for (const unsigned long window : property(root_, "_NET_CLIENT_LIST")) {
+        const auto state = property(window, "WM_STATE");
+        if (!isOf(window, process) || state.empty() || state[0] != IconicState) continue;
+        XEvent event{};
+        event.xclient.type = ClientMessage;
+        event.xclient.window = window;
+        event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
+        event.xclient.format = 32;
+        event.xclient.data.l[0] = 2;  // asked by the user
+        XSendEvent(display_, root_, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
+        XFlush(display_);
+    }
+}
+
+std::vector<VisibleWindow> XSession::windowsOf(pid_t process) {
+    std::vector<VisibleWindow> windows;
+    const auto add = [&](Window window, bool popup) {
+        if (!isOf(window, process)) return;
+        if (auto seen = look(window, popup)) windows.push_back(std::move(*seen));
+    };
+    for (const unsigned long window : property(root_, "_NET_CLIENT_LIST_STACKING")) add(window, false);
+    Window root = 0, parent = 0, *children = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(display_, root_, &root, &parent, &children, &count) == 0) return windows;
+    const std::unique_ptr<Window, Freed> held(children);
+    for (unsigned at = 0; at < count; ++at) {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(display_, children[at], &attributes) != 0 &&
+            attributes.override_redirect != 0)
+            add(children[at], true);
+    }
+    return windows;
+}
+
+void XSession::moveTo(Point place) {
+    XTestFakeMotionEvent(display_, -1, place.x, place.y, CurrentTime);
+    XFlush(display_);
+}
+
+void XSession::press(unsigned button) {
+    XTestFakeButtonEvent(display_, button, True, CurrentTime);
+    XFlush(display_);
+}
+
+void XSession::release(unsigned button) {
+    XTestFakeButtonEvent(display_, button, False, CurrentTime);
+    XFlush(display_);
+}
+
+void XSession::pressKey(const std::string& name) {
+    const KeyCode code = XKeysymToKeycode(display_, XStringToKeysym(name.c_str()));
+    if (code != 0) XTestFakeKeyEvent(display_, code, True, CurrentTime);
+    XFlush(display_);
+}
+
+void XSession::releaseKey(const std::string& name) {
+    const KeyCode code = XKeysymToKeycode(display_, XStringToKeysym(name.c_str()));
+    if (code != 0) XTestFakeKeyEvent(display_, code, False, CurrentTime);
+    XFlush(display_);
+}
+
+void XSession::close(Window window) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = atom("WM_PROTOCOLS");
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(atom("WM_DELETE_WINDOW"));
+    XSendEvent(display_, window, False, NoEventMask, &event);
+    XFlush(display_);
+}
+
+}  // namespace melvane::soak
