@@ -28,6 +28,9 @@ const LessonStep* stepAt(int lesson, int step) {
                : &steps[static_cast<std::size_t>(step)];
 }
 
+/// Also when the step is over before its turn comes.
+bool isDoneInAnyCase(const LessonAction& action) { return action.kind == LessonAction::Kind::takeBack; }
+
 std::string tipText(const LessonStep& step) {
     std::string text;
     for (const char* const line : step.tip) {
@@ -74,7 +77,7 @@ void Tutorial::Form_Load() {
     ++loads_;
     readPlace();
     studio_.shell.WizardOpen = true;
-    renewSamples();
+    if (!studio_.shell.Ending) renewSamples();
     Int16 shows = studio_.Wiz.Check1.ticked() ? 1 : 0;
     parts_.settings.read("Show tips", Int16{1}, shows);
     studio_.Wiz.Check1.set(shows == 1);
@@ -124,12 +127,12 @@ void Tutorial::click(int lesson, int step) {
     std::filesystem::current_path(parts_.directories.program, failed);
     const int load = loads_;
     const auto isOver = [this, load] {
-        return parts_.loop.ended() || !studio_.shell.WizardOpen || loads_ != load;
+        return parts_.loop.ended() || studio_.shell.Ending || !studio_.shell.WizardOpen || loads_ != load;
     };
+    if (isOver()) return;
     if (studio_.Wiz.Check1.ticked()) explain(lesson, step);
     for (const auto& action : clicked->actions) {
-        if (isOver()) return;
-        actions_.run(action);
+        if (!isOver() || isDoneInAnyCase(action)) actions_.run(action);
     }
 }
 

@@ -1,0 +1,142 @@
+#include <filesystem>
+
+#include "tutorial_fixture.h"
+
+namespace melvane::test {
+namespace {
+
+/// Steps whose window or program goes while they run, or before.
+class TutorialEndTest : public TutorialTest {
+ protected:
+    bool hasSample(const char* name) const {
+        return std::filesystem::exists(outside.directories.media() / name);
+    }
+    /// How many files lie where the samples are put.
+    long samples() const {
+        return std::distance(std::filesystem::directory_iterator(outside.directories.media()), {});
+    }
+    void recordTheFile() { engine.tutorial.click(lessonIndex("L1R"), 8); }
+};
+
+TEST_F(TutorialEndTest, AStepThatIsClickedWhileTheProgramEndsPutsNoSampleOut) {
+    setTips(false);
+    int clicks = 0;
+    time.at(700, [&] {  // between two of the files that are being removed
+        ++clicks;
+        EXPECT_FALSE(hasSample("101.sng"));
+        EXPECT_TRUE(hasSample("301.sng"));
+        engine.tutorial.click(lessonIndex("L1"), 1);
+    });
+    engine.startUp.Form_Unload();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(samples(), 0);
+    EXPECT_EQ(cells(0, 3), (std::vector{-1, -1, -1, -1}));
+}
+
+TEST_F(TutorialEndTest, AStepThatIsClickedWhileTheProgramEndsIsNotExplained) {
+    bool shown = false;
+    time.at(710, [&] { shown = studio.frminfo.window.visible(); });
+    time.at(700, [&] { engine.tutorial.click(lessonIndex("L1"), 1); });
+    engine.startUp.Form_Unload();
+    EXPECT_FALSE(shown);
+    EXPECT_TRUE(tips.empty());
+}
+
+TEST_F(TutorialEndTest, AStepThatPlaysDoesNotKeepTheEndWaiting) {
+    setTips(false);
+    engine.tutorial.click(lessonIndex("L1"), 1);
+    time.at(700, [&] {
+        write(0, 0, 60, 400);
+        engine.tutorial.click(lessonIndex("L1"), 6);
+    });
+    const auto before = time.tickCount();
+    engine.startUp.Form_Unload();
+    EXPECT_LE(time.tickCount() - before, 12 * 200) << "twelve samples are removed";
+}
+
+TEST_F(TutorialEndTest, OpeningTheWindowWhileTheProgramEndsPutsNoSampleOut) {
+    engine.tutorial.Form_Unload();
+    int opened = 0;
+    time.at(700, [&] {
+        ++opened;
+        engine.tutorial.Form_Load();
+    });
+    engine.startUp.Form_Unload();
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(samples(), 0);
+}
+
+TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesWritesAndSendsNothingMore) {
+    setTips(false);
+    std::vector<int> cellsAtTheEnd;
+    time.at(700, [&] {  // the second note's press waits for its release
+        engine.startUp.Form_Unload();
+        cellsAtTheEnd = cells(0, 12);
+        sent();
+    });
+    engine.tutorial.click(lessonIndex("L1E"), 0);
+    ASSERT_FALSE(cellsAtTheEnd.empty());
+    EXPECT_EQ(cells(0, 12), cellsAtTheEnd);
+    EXPECT_EQ(sent(), std::vector<std::string>{});
+    EXPECT_EQ(samples(), 0);
+}
+
+TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesInAPressIsNotReleased) {
+    setTips(false);
+    time.at(1200, [&] {
+        engine.startUp.Form_Unload();
+        sent();
+        surfaces.calls.clear();
+    });
+    engine.tutorial.click(lessonIndex("L1E"), 0);
+    EXPECT_TRUE(time.ended());
+    EXPECT_EQ(sent(), std::vector<std::string>{});
+    EXPECT_EQ(surfaces.calls, std::vector<std::string>{});
+}
+
+TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAtTheEndOfItsStep) {
+    setTips(false);
+    engine.tutorial.click(lessonIndex("L1R"), 7);
+    EXPECT_TRUE(hasSample("333.mid"));
+    recordTheFile();
+    EXPECT_FALSE(hasSample("333.mid"));
+    EXPECT_TRUE(hasSample("105.sng")) << "no other one";
+}
+
+TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhenTheWindowIsClosedMeanwhile) {
+    setTips(false);
+    bool there = false;
+    time.at(300, [&] {
+        there = hasSample("333.mid");
+        engine.tutorial.Form_Unload();
+    });
+    recordTheFile();
+    EXPECT_TRUE(there);
+    EXPECT_FALSE(studio.shell.WizardOpen);
+    EXPECT_FALSE(hasSample("333.mid"));
+}
+
+TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhenTheWindowIsClosedInTheTip) {
+    time.at(5, [&] { engine.tutorial.Form_Unload(); });
+    recordTheFile();
+    EXPECT_FALSE(studio.shell.WizardOpen);
+    EXPECT_FALSE(hasSample("333.mid"));
+}
+
+TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhenTheProgramEndsMeanwhile) {
+    setTips(false);
+    time.at(300, [&] { engine.startUp.Form_Unload(); });
+    recordTheFile();
+    EXPECT_TRUE(time.ended());
+    EXPECT_EQ(samples(), 0);
+}
+
+TEST_F(TutorialEndTest, AStepOfAClosedWindowTakesNothingBack) {
+    setTips(false);
+    engine.tutorial.Form_Unload();
+    recordTheFile();
+    EXPECT_TRUE(hasSample("333.mid"));
+}
+
+}  // namespace
+}  // namespace melvane::test
