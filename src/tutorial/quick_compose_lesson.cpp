@@ -27,7 +27,7 @@ constexpr auto steps = std::to_array<LessonStep>({
        "instrument.",
        "Choose an instrument for the first note of Channel 1 in the left list of the window that opens, and "
        "click OK."}},
-     {{returnToStart(), channel(0), effects, inspect(0),
+     {{returnToStart(), channel(0), effects, inspect(0), wait(),
        call("form1", "Pic2a_MouseUp", leftButton, 0, columnMiddle(0), 4), call("form1", "Text5_DblClick")}}},
     {"5. Adjust the note volume control",
      {{"Move the slider Volume. It is the volume of the notes that you change next.",
@@ -45,8 +45,9 @@ constexpr auto steps = std::to_array<LessonStep>({
      {{"Hold the right mouse button and pull it over the strip under the tablet.",
        "Every note that you pass takes the values of the bar. The first columns of Channel 1 will be "
        "changed."}},
-     {{returnToStart(), channel(0), effects, change(0), wait(), change(1), wait(), change(2), wait(),
-       change(3), wait(), change(4), wait(), change(5), wait(), change(6), wait(), change(7), endChange(7)}}},
+     {{returnToStart(), channel(0), effects,   change(0), wait(),    change(1),   wait(),
+       change(2),       wait(),     change(3), wait(),    change(4), wait(),      change(5),
+       wait(),          change(6),  wait(),    change(7), wait(),    endChange(7)}}},
     {"9. Play the composition",
      {{"Click button #6 on the toolbar to play the composition.", "Now sit back and listen."}},
      {{play()}}},
