@@ -48,6 +48,12 @@ TEST_F(AudioPlayerTest, OpeningKeepsWhatTheDeviceSaysInWholeNumbers) {
     EXPECT_EQ(state.OpenMediaFile, file);
 }
 
+TEST_F(AudioPlayerTest, TheSecondsOfALengthAreCut) {
+    media.setReply("status audiomp3 length", {0, "10999"});
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    EXPECT_EQ(studio.recorder.MediaSeconds, "10");
+}
+
 TEST_F(AudioPlayerTest, ThePlainOpenSaysNothing) {
     const std::string file = song();
     recorder().audio.OpenMpegFile(file);
@@ -175,6 +181,25 @@ TEST_F(AudioPlayerTest, AScoreIsPlayedThroughTheOutput) {
     EXPECT_GT(messages.size(), 4U);
     EXPECT_EQ(commands(), Lines{});
     EXPECT_EQ(window().lblTime.text(), "");
+    EXPECT_TRUE(window().Picture5.visible());
+}
+
+TEST_F(AudioPlayerTest, AScoreIsPlayedByTheDeviceOfTheSettings) {
+    RecorderTest::write(0, 0, 60, 1);
+    put(write("a.sng", "x"));
+    port.setDevices(2);
+    store.write("Devices", "1");
+    sent();
+    press(1);
+    EXPECT_EQ(sent().at(1), "open 1 0");
+    EXPECT_EQ(studio.sounds.MidiDeviceId, 1);
+}
+
+TEST_F(AudioPlayerTest, APlayByACallShowsThePanel) {
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    EXPECT_FALSE(window().Picture5.visible());
+    recorder().audio.PlayMP3();
+    EXPECT_TRUE(window().Picture5.visible());
 }
 
 TEST_F(AudioPlayerTest, ADeviceThatDoesNotPlaySaysWhy) {
@@ -183,6 +208,13 @@ TEST_F(AudioPlayerTest, ADeviceThatDoesNotPlaySaysWhy) {
     press(1);
     EXPECT_EQ(erbox(), "No sound here.");
     EXPECT_EQ(logged(), (Lines{"File Opened", "No sound here."}));
+}
+
+TEST_F(AudioPlayerTest, APlayThatFailsLeavesNoProgressOfBefore) {
+    media.setReply("play audiomp3", {8, "No sound here."});
+    window().Status.set("42 %");
+    recorder().audio.PlayMP3();
+    EXPECT_EQ(window().Status.text(), "");
 }
 
 TEST_F(AudioPlayerTest, TheStopButtonEndsThePlay) {
@@ -198,6 +230,30 @@ TEST_F(AudioPlayerTest, TheStopButtonEndsThePlay) {
 TEST_F(AudioPlayerTest, AStopWithNothingOpenIsToldAsOfBefore) {
     press(3);
     EXPECT_EQ(logged(), (Lines{"Music File was previously stopped.", "Music File was previously closed."}));
+}
+
+TEST_F(AudioPlayerTest, AStopEmptiesTheProgressTheTimeAndTheProperties) {
+    TextControl* const texts[] = {&window().Status, &window().lblTime, &window().lblKhz, &window().lblbitrate,
+                                  &window().lblmode};
+    for (TextControl* const text : texts) text->set("of before");
+    recorder().audio.StopMP3();
+    for (const TextControl* const text : texts) EXPECT_EQ(text->text(), "");
+}
+
+TEST_F(AudioPlayerTest, AResumeThatFailsSaysNothing) {
+    recorder().log.show("as before");
+    recorder().audio.ResumeMP3();
+    EXPECT_EQ(erbox(), "as before");
+    recorder().audio.OpenMP3(song(), "audiomp3");
+    recorder().audio.ResumeMP3();
+    EXPECT_EQ(erbox(), "Playing");
+}
+
+TEST_F(AudioPlayerTest, TheEndOfAPauseShowsThePanel) {
+    press(2);
+    EXPECT_FALSE(window().Picture5.visible());
+    press(2);
+    EXPECT_TRUE(window().Picture5.visible());
 }
 
 TEST_F(AudioPlayerTest, APauseHoldsThePositionAndIsThatOfTheScore) {
@@ -256,6 +312,18 @@ TEST_F(AudioPlayerTest, ADeviceWithoutALengthPlaysUntilItsPositionIsGone) {
     press(1);
     EXPECT_EQ(time.tickCount(), 5500);
     EXPECT_EQ(studio.recorder.MediaFrames, "-1");
+    EXPECT_EQ(window().Status.text(), "");
+}
+
+TEST_F(AudioPlayerTest, AProgressGoesWithAPositionThatIsGone) {
+    put(song());
+    std::string before;
+    at(5100, [&] {
+        before = window().Status.text();
+        media.setReply("status audiomp3 position", {5, "No position."});
+    });
+    press(1);
+    EXPECT_EQ(before, "50 %");
     EXPECT_EQ(window().Status.text(), "");
 }
 

@@ -1,4 +1,5 @@
 #include "encoding_fixture.h"
+#include "recorder/recording_buttons.h"
 
 namespace melvane::test {
 namespace {
@@ -34,6 +35,24 @@ TEST_F(AutoEncodingTest, TheStateIsToldInAWord) {
     window().Label8.changed = [&] { words.push_back(window().Label8.text()); };
     record();
     EXPECT_EQ(words, (Lines{"Recording", "", "Encoding", ""}));
+}
+
+TEST_F(AutoEncodingTest, WhileAnEncodingRunsNoOtherIsWaitedFor) {
+    put(tone("a.wav", 2000));
+    window().Command20.setCaption("Stop Encoding");
+    window().Label8.set("Encoding");
+    window().Status.set("50.00%");
+    recorder().log.show("as before");
+    DisableRecording(window());
+    recorder().encoding.AutoEncode();
+    EXPECT_EQ(time.tickCount(), 0);
+    EXPECT_FALSE(exists(folder.file("a.mp3")));
+    EXPECT_FALSE(studio.recorder.EncodeCancel);
+    EXPECT_EQ(erbox(), "as before");
+    EXPECT_EQ(window().Label8.text() + window().Status.text(), "");
+    EXPECT_EQ(window().Command20.caption(), "Stop Encoding");
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+    EXPECT_FALSE(window().CmdStopRecording.enabled());
 }
 
 TEST_F(AutoEncodingTest, WithoutTheLibraryItTriesAllTheSame) {

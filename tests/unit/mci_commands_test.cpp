@@ -78,12 +78,12 @@ TEST_F(MciCommandsTest, AnAnswerThatIsNoNumberIsNought) {
     EXPECT_EQ(mci().MciFrames("audiomp3"), 1);
 }
 
-/// 100 frames in 3001 milliseconds.
+/// 100 frames in 1500 milliseconds.
 class OddDevice final : public MediaDevice {
  public:
     Answer send(const std::string& command) override {
         if (command.find("format") != std::string::npos) frames_ = command.ends_with("frames");
-        return {0, frames_ ? "100" : "3001"};
+        return {0, frames_ ? "100" : "1500"};
     }
 
  private:
@@ -92,7 +92,13 @@ class OddDevice final : public MediaDevice {
 
 TEST_F(MciCommandsTest, AFrameRateIsCut) {
     OddDevice odd;
-    EXPECT_EQ(MciCommands(odd, desktop).MciFrameRate("audiomp3"), 33);
+    EXPECT_EQ(MciCommands(odd, desktop).MciFrameRate("audiomp3"), 66);
+}
+
+TEST_F(MciCommandsTest, ALengthIsTakenThoughTheDeviceRefusesItsFormat) {
+    media.setReply("set audiomp3 time format frames", {9, "No frames here."});
+    media.setReply("status audiomp3 length", {0, "250"});
+    EXPECT_EQ(mci().MciFrames("audiomp3"), 250);
 }
 
 TEST_F(MciCommandsTest, AnUnknownLengthIsAskedForAndHandedBack) {
@@ -160,6 +166,11 @@ TEST_F(MciCommandsTest, TheDriverOfMp3FilesIsWrittenWhenTheWindowLoads) {
     EXPECT_EQ(mci().ReadMciEntry("MPEGVideo2"), "None");
     mci().WriteMciEntry("mpegvideo2", "other.drv");
     EXPECT_EQ(mci().ReadMciEntry("MPEGVideo2"), "other.drv");
+}
+
+TEST_F(MciCommandsTest, ALongEntryIsCut) {
+    mci().WriteMciEntry("MPEGVideo", std::string(300, 'x'));
+    EXPECT_EQ(mci().ReadMciEntry("MPEGVideo"), std::string(254, 'x'));
 }
 
 }  // namespace

@@ -84,5 +84,14 @@ TEST_F(RawFileTest, TheWavHeaderHasFixedValues) {
         "RIFF\x28\x03\x02\x01WAVEfmt \x10\0\0\0\x01\0\x02\0\x44\xAC\0\0\x10\xB1\x02\0\x04\0\x10\0data\x04\x03\x02\x01"s);
 }
 
+TEST_F(RawFileTest, TheWavHeaderGoesWhereTheFileStands) {
+    clsFileIo file;
+    ASSERT_TRUE(file.OpenFile(path));
+    ASSERT_TRUE(file.WriteBytes(bytesOf("abc")));
+    ASSERT_TRUE(file.writeWavHeader(8));
+    EXPECT_EQ(contents().size(), 3U + 44U);
+    EXPECT_TRUE(contents().starts_with("abcRIFF"));
+}
+
 }  // namespace
 }  // namespace melvane::test

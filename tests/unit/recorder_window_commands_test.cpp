@@ -239,6 +239,14 @@ TEST_F(RecordedFileTest, TheFilesOwnNameAndOneWithAShortEndingAreRefused) {
     }
 }
 
+TEST_F(RecordedFileTest, ANameWithoutAnEndingIsRefusedWhenTheFileHasNoneEither) {
+    file = write("plain", "sound");
+    save(folder.file("b"));
+    EXPECT_EQ(erbox(), "Can't rename as " + folder.file("b"));
+    EXPECT_EQ(read(file), "sound");
+    EXPECT_FALSE(exists(folder.file("b")));
+}
+
 TEST_F(RecordedFileTest, AFileInTheWayIsDeletedAfterAQuestion) {
     const std::string name = write("b.wav", "other");
     dialogs.queueAnswer(BoxAnswer::no);

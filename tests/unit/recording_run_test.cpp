@@ -99,6 +99,44 @@ TEST_F(RecordingRunTest, AnOlderFileOfTheSameNameIsDeletedWithoutAQuestion) {
     EXPECT_EQ(window().Text6.text(), name);
 }
 
+TEST_F(RecordingRunTest, AFileOfTheNameIsDeletedBeforeTheNameIsShownAndOnceMoreAfterwards) {
+    const auto name = RecordingName().next(folder.file("Songs"), time.counter());
+    std::ofstream(name) << "old";
+    bool whenNamed = true, whileCaptured = true;
+    at(0, [&] {
+        whenNamed = exists(name);
+        std::ofstream(name) << "newer";
+    });
+    at(100, [&] { whileCaptured = exists(name); });
+    record();
+    EXPECT_FALSE(whenNamed);
+    EXPECT_FALSE(whileCaptured);
+    EXPECT_EQ(recordings(), (Lines{name}));
+}
+
+TEST_F(RecordingRunTest, AFileThatTakesTheNameDuringTheCaptureIsDeletedThoughTheSaveFails) {
+    media.setReply("save capture", {7, "The disk is full."});
+    bool made = false;
+    at(200, [&] {
+        std::ofstream(window().InputPath.text()) << "other";
+        made = recordings().size() == 1;
+    });
+    record();
+    EXPECT_TRUE(made);
+    EXPECT_TRUE(recordings().empty());
+}
+
+TEST_F(RecordingRunTest, TheFirstFourLettersTellWhetherItCanBeSaved) {
+    const std::pair<const char*, const char*> answers[] = {{"true, and more", "File Can be saved"},
+                                                           {"tru", "File Cannot be saved"},
+                                                           {"it is true", "File Cannot be saved"}};
+    for (const auto& [answer, message] : answers) {
+        media.setReply("capability capture", {0, answer});
+        record();
+        EXPECT_EQ(logged().at(2), message) << answer;
+    }
+}
+
 TEST_F(RecordingRunTest, AFailedSaveIsToldAndLeavesNoFile) {
     media.setReply("save capture", {7, "The disk is full."});
     record();
@@ -240,8 +278,21 @@ TEST_F(RecordingRunTest, ThePositionIsShownAsTheTickSaysUntilTheWindowCloses) {
     window().Check2.set(false);
     EXPECT_FALSE(window().Check4.ticked());
     window().Check4.set(true);
+    studio.player.ShowPlayingPosition = false;
     record();
+    EXPECT_TRUE(studio.player.ShowPlayingPosition);
     EXPECT_TRUE(studio.Form2.chkgraphics.ticked());
+}
+
+TEST_F(RecordingRunTest, AToolbarThatIsClosedKeepsItsTick) {
+    studio.shell.Form2Open = false;
+    for (const bool kept : {false, true}) {
+        studio.Form2.chkgraphics.set(kept);
+        window().Check4.set(!kept);
+        record();
+        EXPECT_EQ(studio.player.ShowPlayingPosition, !kept);
+        EXPECT_EQ(studio.Form2.chkgraphics.ticked(), kept);
+    }
 }
 
 TEST_F(RecordingRunTest, TheProgressBarFollowsTheSong) {

@@ -60,6 +60,13 @@ TEST_F(RecordingSourcesTest, TheKeyboardsToolbarOpensTheRecorderWithItsSource) {
     EXPECT_FALSE(window().Optsourcesng.ticked());
 }
 
+TEST_F(RecordingSourcesTest, TheKeyboardsRunBeginsWithoutAProgress) {
+    window().Status.set("42 %");
+    window().Optsourcekeyboard.userPut(Value(1LL));
+    record();
+    EXPECT_EQ(window().Status.text(), "");
+}
+
 // A MIDI file
 
 TEST_F(RecordingSourcesTest, AMidiFileIsPlayedThroughTheDeviceWhileItIsCaptured) {
@@ -143,17 +150,21 @@ TEST_F(RecordingSourcesTest, AMidiFileThatDoesNotOpenLeavesASavedCaptureOfNothin
     EXPECT_EQ(studio.player.RecordingSong, false);
 }
 
-/// A device whose player fails as no device should.
+/// A device that fails at one command as no device should.
 class ThrowingDevice final : public MediaDevice {
  public:
+    explicit ThrowingDevice(std::string command) : command_(std::move(command)) {}
     Answer send(const std::string& command) override {
-        if (command.starts_with("play ")) throw std::runtime_error("broken");
+        if (command.starts_with(command_)) throw std::runtime_error("broken");
         return {};
     }
+
+ private:
+    std::string command_;
 };
 
 TEST_F(RecordingSourcesTest, AFailureInAMidiRunCancelsIt) {
-    ThrowingDevice broken;
+    ThrowingDevice broken("play ");
     Outside world{time,    time,  port,    broken,
                   desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Studio other;
@@ -169,6 +180,24 @@ TEST_F(RecordingSourcesTest, AFailureInAMidiRunCancelsIt) {
     EXPECT_EQ(Lines(told.end() - 2, told.end()), (Lines{"An error occurred.", "Recording Cancelled"}));
     EXPECT_NE(other.Record.Text2.text().find("Music Stopped"), std::string::npos);
     EXPECT_NE(other.Record.Text2.text().find("Music File closed."), std::string::npos);
+    EXPECT_TRUE(other.Record.CmdrecordSNG.enabled());
+}
+
+TEST_F(RecordingSourcesTest, AFailureInARunOfAnotherSourceLeavesThePlayer) {
+    ThrowingDevice broken("record capture");
+    Outside world{time,    time,  port,    broken,
+                  desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Studio other;
+    Engine program(other, world, surfaces, frame, toolWindows);
+    program.startUp.Form_Load();
+    program.recorder.window.Form_Load();
+    Lines told;
+    other.Record.Erbox.changed = [&] { told.push_back(other.Record.Erbox.text()); };
+    program.recorder.run.RecordWavFromMid();
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(Lines(told.end() - 2, told.end()), (Lines{"An error occurred.", "Recording Cancelled"}));
+    EXPECT_EQ(other.Record.Text2.text(), "");
+    EXPECT_FALSE(other.recorder.PlayerStopped);
     EXPECT_TRUE(other.Record.CmdrecordSNG.enabled());
 }
 
