@@ -2,6 +2,7 @@
 
 #include "encoding_fixture.h"
 #include "file_size_limit.h"
+#include "recorder/recording_buttons.h"
 
 namespace melvane::test {
 namespace {
@@ -166,6 +167,7 @@ TEST_F(EncodingTest, ATargetThatIsNoFileKeepsTheSource) {
     std::filesystem::create_directory(folder.file("a.mp3"));
     encode(wav);
     EXPECT_TRUE(exists(wav));
+    EXPECT_EQ(logged(), Lines{});
 }
 
 // The target
@@ -238,7 +240,30 @@ TEST_F(EncodingTest, AMissingSourceAndATargetInTheWayEndTheStream) {
     recorder().log.show("as before");
     recorder().encoding.EncodeStream(wav, target);
     EXPECT_EQ(erbox(), "as before");
+    EXPECT_EQ(logged(), Lines{});
     EXPECT_EQ(read(target), "old");
+}
+
+TEST_F(EncodingTest, AMissingSourceBringsTheWindowBack) {
+    window().Label8.set("Encoding");
+    window().Status.set("50.00%");
+    window().Command20.setCaption("Stop Encoding");
+    DisableRecording(window());
+    recorder().encoding.EncodeStream(folder.file("none.wav"), folder.file("none.mp3"));
+    EXPECT_EQ(window().Label8.text() + window().Status.text(), "");
+    EXPECT_EQ(window().Command20.caption(), "Encode File");
+    EXPECT_TRUE(window().CmdrecordSNG.enabled() && window().Command20.enabled());
+    EXPECT_FALSE(window().CmdStopRecording.enabled());
+}
+
+TEST_F(EncodingTest, AChosenNameMayHaveItsEndingInCapitals) {
+    const std::string target = write("a.mp3", "old");
+    dialogs.queueAnswer(BoxAnswer::no);
+    dialogs.queueChoice({folder.file("B.MP3"), 1});
+    encode(tone("a.wav", 2000));
+    EXPECT_EQ(read(target), "old");
+    EXPECT_TRUE(exists(folder.file("B.MP3")));
+    EXPECT_EQ(window().OutPutPath.text(), folder.file("B.MP3"));
 }
 
 TEST_F(EncodingTest, ATargetThatCannotBeWrittenIsNotNoticed) {
