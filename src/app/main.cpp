@@ -9,6 +9,7 @@
 #include "app/picture.h"
 #include "app/program.h"
 #include "app/sound_system.h"
+#include "platform/desktop_system.h"
 #include "platform/qt_event_loop.h"
 #include "platform/qt_settings_store.h"
 #include "platform/qt_single_instance.h"
@@ -51,7 +52,7 @@ int runStudio(const CommandLine& line) {
     QtSingleInstance instance;
     const Directories directories = ownDirectories();
     SoundSystem sound(clock, directories.songs().string());
-    SystemDesktop desktop;
+    DesktopSystem desktop;
     Outside outside{clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, directories};
     Program program(outside);
     program.engine().startUp.anotherInstanceRuns = [&instance] { return instance.anotherRuns(); };

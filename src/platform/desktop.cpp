@@ -1,18 +1,26 @@
 #include "platform/desktop.h"
 
+#include "platform/text.h"
+
+#ifndef _WIN32
 #include <array>
 #include <thread>
 
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include "platform/text.h"
-
 extern char** environ;  // NOLINT: the system's own
+#endif
 
 namespace melvane {
 
 namespace {
+
+std::string entryName(const std::string& section, const std::string& key) {
+    return lowerCase(section) + "]" + lowerCase(key);
+}
+
+#ifndef _WIN32
 
 constexpr std::size_t mostWords = 2;
 using Words = std::array<const char*, mostWords>;
@@ -37,9 +45,7 @@ bool start(const Words& words) {
     return true;
 }
 
-std::string entryName(const std::string& section, const std::string& key) {
-    return lowerCase(section) + "]" + lowerCase(key);
-}
+#endif
 
 }  // namespace
 
@@ -54,11 +60,15 @@ void DesktopWithoutEntries::writeEntry(const std::string& section, const std::st
     entries_[entryName(section, key)] = value;
 }
 
+#ifndef _WIN32
+
 bool SystemDesktop::openMixer() {
     for (const Words& words : mixers) {
         if (start(words)) return true;
     }
     return false;
 }
+
+#endif
 
 }  // namespace melvane
