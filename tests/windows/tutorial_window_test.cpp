@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
+#include <algorithm>
+#include <array>
 
 #include "main_window_fixture.h"
 #include "tutorial/lessons.h"
@@ -91,6 +93,42 @@ TEST_F(TutorialWindowTest, EachLessonHasItsTitleAndEndsInTheNote) {
         EXPECT_EQ(labels.back()->text(), "*Click on each step to perform the function");
     }
     EXPECT_EQ(part<QLabel>("Ltit7").text(), "Before you begin...Setup");
+}
+
+TEST_F(TutorialWindowTest, TheWindowAndItsTickHaveTheirTexts) {
+    EXPECT_EQ(wizard->windowTitle(), "Melvane Wizard");
+    EXPECT_EQ(part<QCheckBox>("Check1").text(), "Show Tips");
+}
+
+TEST_F(TutorialWindowTest, AHeadingPartsTheStepsThatPlayTheMidiFile) {
+    choose(4);
+    const auto texts = part<QFrame>("FrameStep(4)").findChildren<QLabel*>();
+    const auto heading = std::ranges::find_if(
+        texts, [](const QLabel* text) { return text->text() == "To play the MID file:"; });
+    ASSERT_NE(heading, texts.end());
+    EXPECT_TRUE((*heading)->isVisible());
+    const auto topOf = [this](const QWidget& one) { return one.mapTo(wizard, QPoint()).y(); };
+    EXPECT_GT(topOf(**heading), topOf(part("L1M(1)")));
+    EXPECT_LT(topOf(**heading), topOf(part("L1M(2)")));
+}
+
+TEST_F(TutorialWindowTest, TheTipsHaveTheirSentences) {
+    const std::array<std::pair<const char*, const char*>, 3> sentences{
+        {{"L1(2)",
+          "Select channels using the Setup toolbar (Button #9 on the main toolbar), which is normally always "
+          "open."},
+         {"L1(6)", "Now sit back and listen."},
+         {"L1E(0)", "Drawing notes is an intuitive process with Melvane. "}}};
+    for (const auto& [step, sentence] : sentences) {
+        bool looked = false;
+        clickAndLook(step, [this, sentence = sentence, &looked] {
+            looked = true;
+            const auto lines = tip->findChild<QLabel*>("Label1")->text().split('\n');
+            EXPECT_TRUE(lines.contains(sentence)) << sentence;
+            tip->close();
+        });
+        EXPECT_TRUE(looked) << step;
+    }
 }
 
 TEST_F(TutorialWindowTest, TheListBringsALessonToTheFront) {
