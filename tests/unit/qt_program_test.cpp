@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QListWidget>
+#include <QToolButton>
 #include <QWidget>
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <memory>
 
@@ -36,6 +39,13 @@ class QtProgramTest : public testing::Test {
         }
         return false;
     }
+    /// Null where there is none.
+    static QWidget* windowNamed(const char* name) {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == name) return window;
+        }
+        return nullptr;
+    }
     static int windowsNamed(const char* name) {
         const auto windows = QApplication::topLevelWidgets();
         return static_cast<int>(
@@ -50,7 +60,8 @@ class QtProgramTest : public testing::Test {
     BareDesktop desktop;
     MemorySettingsStore store;
     ScriptedDialogs dialogs{time};
-    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{time,    time,  port,    media,
+                    desktop, store, dialogs, Directories{folder.path(), folder.path()}};
     std::unique_ptr<Program> program = std::make_unique<Program>(outside);
 };
 
@@ -93,6 +104,32 @@ TEST_F(QtProgramTest, TheHelpComesAMomentLaterAndOnce) {
     program->engine().menus.Cmdhelp_Click();
     time.waitUntil(time.counter() + time.frequency() / 100);
     EXPECT_EQ(windowsNamed("Help"), 1);
+}
+
+TEST_F(QtProgramTest, TheHelpButtonOfAWindowOpensTheHelpAtItsTopic) {
+    const std::array<std::pair<const char*, const char*>, 8> headings{
+        {{"Form2", "Editing"},
+         {"Form3", "Setting up channels and the score"},
+         {"Form5", "Single notes"},
+         {"FrmInst", "Single notes"},
+         {"frmsynth", "Keyboard"},
+         {"Record", "Recorder"},
+         {"frmLog", "Recorder"},
+         {"Wiz", "Tutorial"}}};
+    for (const auto& [name, heading] : headings) {
+        program->toolWindows().showWindow(name);
+        QWidget* const window = windowNamed(name);
+        ASSERT_NE(window, nullptr) << name;
+        window->activateWindow();
+        QCoreApplication::processEvents();
+        window->findChild<QToolButton*>("imgTitleHelp")->click();
+        time.waitUntil(time.counter() + time.frequency() / 10);
+        QWidget* const help = windowNamed("Help");
+        ASSERT_NE(help, nullptr) << name;
+        EXPECT_EQ(help->findChild<QListWidget*>()->currentItem()->text(), heading) << name;
+        EXPECT_TRUE(help->isVisible()) << name;
+        help->close();
+    }
 }
 
 TEST_F(QtProgramTest, AHelpThatIsAboutToComeEndsWithTheProgram) {
