@@ -33,6 +33,10 @@ bool RandomUser::isMain(const VisibleWindow& window) {
     return !window.popup && !window.modal && window.title.starts_with("Melvane  v");
 }
 
+bool RandomUser::isKeyboard(const VisibleWindow& window) {
+    return !window.popup && !window.modal && window.title.starts_with("Melvane  Keyboard");
+}
+
 int RandomUser::upTo(int most) { return std::uniform_int_distribution<int>(0, std::max(0, most))(random_); }
 
 void RandomUser::pause(int milliseconds) {
@@ -54,7 +58,8 @@ Point RandomUser::placeIn(const VisibleWindow& window) {
     for (;;) {
         Point place{upTo(window.width - 1), upTo(window.height - 1)};
         if (isMain(window) && upTo(3) == 0) place.y = upTo(toolbarHeight);
-        if (isMain(window) && place.y < titleHeight && place.x > window.width - closeWidth) continue;
+        const bool endsProgram = isMain(window) || isKeyboard(window);
+        if (endsProgram && place.y < titleHeight && place.x > window.width - closeWidth) continue;
         if (window.popup && window.height > entryHeight * 8 && place.y > window.height - entryHeight)
             continue;
         return {window.x + place.x, window.y + place.y};
@@ -64,6 +69,8 @@ Point RandomUser::placeIn(const VisibleWindow& window) {
 void RandomUser::act(const std::vector<VisibleWindow>& windows) {
     if (windows.empty()) return;
     const VisibleWindow& window = choose(windows);
+    // A user sees where the keys go; who does not look gives the dialog the keyboard first.
+    if (window.modal) session_.activate(window.id);
     if (isFileDialog(window)) return answerFileDialog();
     if (window.modal && upTo(2) > 0) return answerDialog(window);
     const int kind = upTo(99);

@@ -19,6 +19,10 @@ class RandomUser {
     void act(const std::vector<VisibleWindow>& windows);
     /// The window of the program that is looked at as the main one: the one whose close ends the program.
     static bool isMain(const VisibleWindow& window);
+    /// The keyboard stands in the main window's place, and its close ends the program too.
+    static bool isKeyboard(const VisibleWindow& window);
+    /// Its button that leads back to the main window.
+    static Point wayBack(const VisibleWindow& keyboard) { return {keyboard.x + 248, keyboard.y + 52}; }
 
  private:
     int upTo(int most);  ///< 0 to `most`

@@ -169,6 +169,9 @@ class Soak {
             if (dialog != windows.end()) {
                 tap("Escape");
                 if (turn % 5 == 4) session_.close(dialog->id);
+            } else if (other != windows.end() && RandomUser::isKeyboard(*other)) {
+                session_.activate(other->id);
+                click(RandomUser::wayBack(*other));
             } else if (other != windows.end()) {
                 session_.close(other->id);
             } else if (!windows.empty()) {
@@ -183,11 +186,15 @@ class Soak {
     }
 
     bool stopAll(const VisibleWindow& main) {
-        session_.moveTo({main.x + main.width / 2, main.y + 8});
-        session_.press(1);
-        session_.release(1);
+        click({main.x + main.width / 2, main.y + 8});
         tap("F7");
         return true;
+    }
+
+    void click(Point place) {
+        session_.moveTo(place);
+        session_.press(1);
+        session_.release(1);
     }
 
     void tap(const char* key) {

@@ -13,6 +13,8 @@ namespace {
 /// Windows go while they are looked at; what is asked of one that is gone has no answer, and that is all.
 int passOver(Display*, XErrorEvent*) { return 0; }
 
+constexpr Point placeAgain{60, 60};
+
 struct Freed {
     void operator()(void* memory) const {
         if (memory != nullptr) XFree(memory);
@@ -78,16 +80,29 @@ bool XSession::isOf(Window window, pid_t process) const {
 void XSession::restore(pid_t process) {
     for (const unsigned long window : property(root_, "_NET_CLIENT_LIST")) {
         const auto state = property(window, "WM_STATE");
-        if (!isOf(window, process) || state.empty() || state[0] != IconicState) continue;
-        XEvent event{};
-        event.xclient.type = ClientMessage;
-        event.xclient.window = window;
-        event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
-        event.xclient.format = 32;
-        event.xclient.data.l[0] = 2;  // asked by the user
-        XSendEvent(display_, root_, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
-        XFlush(display_);
+        if (!isOf(window, process) || state.empty()) continue;
+        if (state[0] == IconicState) activate(window);
+        const auto seen = look(window, false);
+        if (seen && !isReachable(*seen)) XMoveWindow(display_, window, placeAgain.x, placeAgain.y);
     }
+    XFlush(display_);
+}
+
+bool XSession::isReachable(const VisibleWindow& window) const {
+    const int x = window.x + window.width / 2, y = window.y + window.height / 2;
+    return x >= 0 && y >= 0 && x < DisplayWidth(display_, DefaultScreen(display_)) &&
+           y < DisplayHeight(display_, DefaultScreen(display_));
+}
+
+void XSession::activate(Window window) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 2;  // asked by the user
+    XSendEvent(display_, root_, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    XFlush(display_);
 }
 
 std::vector<VisibleWindow> XSession::windowsOf(pid_t process) {

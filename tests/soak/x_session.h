@@ -34,8 +34,11 @@ class XSession {
 
     /// Those of the process, from the lowest to the one in front.
     std::vector<VisibleWindow> windowsOf(pid_t process);
-    /// Brings the minimised windows of the process back, as a task bar does.
+    /// Brings the minimised windows of the process back, as a task bar does, and those that were moved off
+    /// the screen.
     void restore(pid_t process);
+    /// Gives the window the keyboard, and brings it to the front.
+    void activate(Window window);
     void moveTo(Point place);
     /// Buttons count from 1; 4 and 5 are the wheel.
     void press(unsigned button);
@@ -49,6 +52,7 @@ class XSession {
  private:
     explicit XSession(Display* display);
     std::vector<unsigned long> property(Window window, const char* name) const;
+    bool isReachable(const VisibleWindow& window) const;
     bool isOf(Window window, pid_t process) const;
     std::string titleOf(Window window) const;
     std::optional<VisibleWindow> look(Window window, bool popup) const;
