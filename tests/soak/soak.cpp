@@ -63,6 +63,10 @@ class Program {
         return WIFSIGNALED(status_) ? "signal " + std::to_string(WTERMSIG(status_))
                                     : "exit status " + std::to_string(WEXITSTATUS(status_));
     }
+    void abort() {
+        ::kill(id_, SIGABRT);
+        for (int turn = 0; turn < 200 && isRunning(); ++turn) std::this_thread::sleep_for(milliseconds(100));
+    }
     void kill() const {
         if (id_ > 0) ::kill(id_, SIGKILL);
     }
@@ -144,7 +148,10 @@ class Soak {
 
     bool look() {
         const auto taken = timeToIdle(program_.id(), patience);
-        if (!taken) return fail("it has not waited for events for a minute");
+        if (!taken) {
+            program_.abort();  // the sanitizer tells where it is
+            return fail("it has not waited for events for a minute");
+        }
         slowest_ = std::max(slowest_, *taken);
         session_.restore(program_.id());
         if (minute() >= nextSample_) {
