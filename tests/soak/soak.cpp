@@ -171,16 +171,18 @@ class Soak {
             const auto windows = session_.windowsOf(program_.id());
             const auto dialog =
                 std::ranges::find_if(windows, [](const auto& it) { return it.popup || it.modal; });
-            const auto other =
-                std::ranges::find_if(windows, [](const auto& it) { return !RandomUser::isMain(it); });
+            const auto other = std::ranges::find_if(windows, [](const auto& it) {
+                return !RandomUser::isMain(it) && !RandomUser::isKeyboard(it);
+            });
+            const auto keyboard = std::ranges::find_if(windows, RandomUser::isKeyboard);
             if (dialog != windows.end()) {
                 tap("Escape");
                 if (turn % 5 == 4) session_.close(dialog->id);
-            } else if (other != windows.end() && RandomUser::isKeyboard(*other)) {
-                session_.activate(other->id);
-                click(RandomUser::wayBack(*other));
             } else if (other != windows.end()) {
                 session_.close(other->id);
+            } else if (keyboard != windows.end()) {
+                session_.activate(keyboard->id);
+                click(RandomUser::wayBack(*keyboard));
             } else if (!windows.empty()) {
                 return stopAll(windows.front());
             }
