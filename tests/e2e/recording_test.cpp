@@ -24,9 +24,7 @@ using sound_test::wrongEachTime;
 // either.
 constexpr int times = 3;
 constexpr double savePatience = 40, encodePatience = 30;  // seconds, beyond what is recorded
-// A busy machine may wake the program late at a column, and all the rest comes later by so much.
-constexpr double latestColumn = 0.06, lateOnAverage = 0.01;  // seconds
-// What the sound callback places itself does not depend on that.
+// What the sound callback places itself does not depend on when the program is woken.
 constexpr double exactOnset = 0.006, exactOnAverage = 0.001;  // seconds
 
 double now() {
@@ -58,7 +56,7 @@ TEST_F(Recording, AScoreBecomesAnMp3FileThatThePlayerPlays) {
                       if (!deleted || !recorded)
                           return path + (deleted ? " cannot be read" : " is not deleted");
                       return tuneFaults(recorded->left, recorded->rate, tune,
-                                        {tune.playedSpacing(), latestColumn, lateOnAverage});
+                                        {tune.playedSpacing(), Tune::latestChord, Tune::lateOnAverage});
                   },
                   times),
               "");
@@ -128,7 +126,7 @@ struct PlayedKey {
 TEST_F(Recording, KeysAreRecordedInTheirOrder) {
     constexpr PlayedKey played[] = {{"q", 36 + 17},     {"u", 36 + 28}, {"2", 36 + 18},
                                     {"comma", 36 + 12}, {"k", 36 + 42}, {"z", 36}};
-    constexpr double held = 0.3, pause = 0.5;  // seconds
+    constexpr double held = 0.3, pause = 0.5, latest = (held + pause) / 2;  // seconds
     studio.start();
     RecorderUser recorder(studio);
     recorder.chooseSource("Optsourcekeyboard");
@@ -150,7 +148,7 @@ TEST_F(Recording, KeysAreRecordedInTheirOrder) {
     const auto recorded = readPlainWav(file("kept.wav"));
     ASSERT_TRUE(recorded);
     EXPECT_EQ(sound_test::pitchFaults(recorded->left, recorded->rate, keys), "");
-    EXPECT_EQ(distanceFaults(recorded->left, recorded->rate, moments, latestColumn), "");
+    EXPECT_EQ(distanceFaults(recorded->left, recorded->rate, moments, latest), "");
     studio.click("frmsynth", "Cmd2(4)");
     EXPECT_EQ(studio.waitForEnd(), 0);
 }

@@ -14,6 +14,11 @@ struct Tune {
 
     static constexpr int squareLead = 80, piano = 0;
 
+    /// By how much a busy machine may wake the program late at a chord, and by how much the chords may stand
+    /// further apart for it on the average, in seconds. A chord lost or doubled changes a distance by a whole
+    /// spacing, another tempo each of them.
+    static constexpr double latestChord = 0.2, lateOnAverage = 0.03;
+
     std::vector<Chord> chords;
     int instrument = squareLead;
     int tempo = 100;
