@@ -14,17 +14,26 @@ constexpr std::array others{"0",         "1",      "2",      "5",     "9",     "
                             "Right",     "Home",   "End",    "space", "Prior", "Escape"};
 /// Play, pause, repeat and stop, more often than opening and saving.
 constexpr std::array commands{"F4", "F5", "F5", "F5", "F6", "F7", "F7", "F8", "F1"};
+/// None that could choose the end of the program in a menu.
+constexpr std::array inMenus{"Escape", "Left", "Right"};
 constexpr std::array fileNames{"one", "two", "three", "four", "five"};
 
 constexpr int titleHeight = 32;    // pixels: the frame's own, with its buttons
 constexpr int closeWidth = 44;     // pixels from the right
 constexpr int toolbarHeight = 90;  // pixels from the top of the main window
 constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
+constexpr std::size_t trailLength = 12;
 
 bool isFileDialog(const VisibleWindow& window) {
     constexpr std::array<std::string_view, 3> words{"Open", "Save", "Sav"};
     return window.modal && window.height > 250 &&
            std::ranges::any_of(words, [&](auto word) { return window.title.starts_with(word); });
+}
+
+/// As "12,34 in Melvane", counted from the window's corner.
+std::string placeName(const VisibleWindow& window, Point place) {
+    return std::to_string(place.x - window.x) + "," + std::to_string(place.y - window.y) + " in '" +
+           window.title + "' " + std::to_string(window.width) + "x" + std::to_string(window.height);
 }
 
 }  // namespace
@@ -54,20 +63,40 @@ const VisibleWindow& RandomUser::choose(const std::vector<VisibleWindow>& window
     return windows[static_cast<std::size_t>(upTo(static_cast<int>(windows.size()) - 1))];
 }
 
+bool RandomUser::endsProgram(const VisibleWindow& window, Point place) const {
+    const bool isClose = place.y < window.y + titleHeight && place.x > window.x + window.width - closeWidth;
+    if ((isMain(window) || isKeyboard(window)) && isClose) return true;
+    return std::ranges::any_of(menus_, [&](const VisibleWindow& menu) {
+        return menu.height > entryHeight * 8 && place.x >= menu.x && place.x < menu.x + menu.width &&
+               place.y > menu.y + menu.height - entryHeight && place.y < menu.y + menu.height;
+    });
+}
+
 Point RandomUser::placeIn(const VisibleWindow& window) {
     for (;;) {
         Point place{upTo(window.width - 1), upTo(window.height - 1)};
         if (isMain(window) && upTo(3) == 0) place.y = upTo(toolbarHeight);
-        const bool endsProgram = isMain(window) || isKeyboard(window);
-        if (endsProgram && place.y < titleHeight && place.x > window.width - closeWidth) continue;
-        if (window.popup && window.height > entryHeight * 8 && place.y > window.height - entryHeight)
-            continue;
-        return {window.x + place.x, window.y + place.y};
+        place.x += window.x;
+        place.y += window.y;
+        if (!endsProgram(window, place)) return place;
     }
+}
+
+void RandomUser::note(const std::string& action) {
+    trail_.push_back(action);
+    if (trail_.size() > trailLength) trail_.pop_front();
+}
+
+std::string RandomUser::lastActions() const {
+    std::string all;
+    for (const std::string& action : trail_) all += (all.empty() ? "" : ", ") + action;
+    return all;
 }
 
 void RandomUser::act(const std::vector<VisibleWindow>& windows) {
     if (windows.empty()) return;
+    menus_.clear();
+    std::ranges::copy_if(windows, std::back_inserter(menus_), &VisibleWindow::popup);
     const VisibleWindow& window = choose(windows);
     // A user sees where the keys go; who does not look gives the dialog the keyboard first.
     if (window.modal) session_.activate(window.id);
@@ -77,6 +106,7 @@ void RandomUser::act(const std::vector<VisibleWindow>& windows) {
     if (kind < 58) return click(window);
     if (kind < 68) return drag(window);
     if (kind < 73) return turnWheel(window);
+    if (kind >= 73 && kind < 96 && !menus_.empty()) return strike(oneOf(inMenus));
     if (kind < 83) return strike();
     if (kind < 90) return playKeys();
     if (kind < 96) return commandKey();
@@ -99,6 +129,7 @@ void RandomUser::answerFileDialog() {
 }
 
 void RandomUser::openToolWindow(const VisibleWindow& main) {
+    note("toolbar");
     session_.moveTo({main.x + 20 + upTo(main.width - 2 * closeWidth), main.y + 50});
     session_.press(1);
     session_.release(1);
@@ -106,7 +137,9 @@ void RandomUser::openToolWindow(const VisibleWindow& main) {
 
 void RandomUser::click(const VisibleWindow& window) {
     const unsigned button = upTo(9) == 0 ? 3 : 1;
-    session_.moveTo(placeIn(window));
+    const Point place = placeIn(window);
+    note("click " + placeName(window, place));
+    session_.moveTo(place);
     const int times = upTo(11) == 0 ? 2 : 1;
     for (int time = 0; time < times; ++time) {
         session_.press(button);
@@ -116,7 +149,9 @@ void RandomUser::click(const VisibleWindow& window) {
 }
 
 void RandomUser::drag(const VisibleWindow& window) {
-    session_.moveTo(placeIn(window));
+    const Point begin = placeIn(window);
+    note("drag " + placeName(window, begin));
+    session_.moveTo(begin);
     session_.press(1);
     for (int step = upTo(12); step >= 0; --step) {
         session_.moveTo(placeIn(window));
@@ -127,6 +162,7 @@ void RandomUser::drag(const VisibleWindow& window) {
 
 void RandomUser::turnWheel(const VisibleWindow& window) {
     session_.moveTo(placeIn(window));
+    note("wheel");
     const auto button = static_cast<unsigned>(4 + upTo(1));
     for (int notch = upTo(5); notch >= 0; --notch) {
         session_.press(button);
@@ -135,6 +171,7 @@ void RandomUser::turnWheel(const VisibleWindow& window) {
 }
 
 void RandomUser::strike(const char* key) {
+    note(key);
     session_.pressKey(key);
     pause(5 + upTo(20));
     session_.releaseKey(key);
@@ -146,6 +183,7 @@ void RandomUser::playKeys() {
     std::vector<const char*> held;
     for (int key = upTo(4); key >= 0; --key) {
         held.push_back(oneOf(letters));
+        note(held.back());
         session_.pressKey(held.back());
         pause(upTo(60));
     }

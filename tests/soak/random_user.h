@@ -1,5 +1,6 @@
 #pragma once
 #include <array>
+#include <deque>
 #include <random>
 #include <string>
 #include <vector>
@@ -17,6 +18,8 @@ class RandomUser {
 
     /// One action upon the windows, in the order of `XSession::windowsOf`. Leaves no key or button down.
     void act(const std::vector<VisibleWindow>& windows);
+    /// What was done last, the latest behind.
+    std::string lastActions() const;
     /// The window of the program that is looked at as the main one: the one whose close ends the program.
     static bool isMain(const VisibleWindow& window);
     /// The keyboard stands in the main window's place, and its close ends the program too.
@@ -32,6 +35,7 @@ class RandomUser {
     }
     const VisibleWindow& choose(const std::vector<VisibleWindow>& windows);
     Point placeIn(const VisibleWindow& window);
+    bool endsProgram(const VisibleWindow& window, Point place) const;
     void answerDialog(const VisibleWindow& dialog);
     void answerFileDialog();
     void openToolWindow(const VisibleWindow& main);
@@ -44,8 +48,12 @@ class RandomUser {
     void commandKey();
     void pause(int milliseconds);
 
+    void note(const std::string& action);
+
     XSession& session_;
     std::mt19937 random_;
+    std::deque<std::string> trail_;
+    std::vector<VisibleWindow> menus_;
 };
 
 }  // namespace melvane::soak

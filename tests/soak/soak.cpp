@@ -99,7 +99,8 @@ class Soak {
     }
 
     bool fail(const std::string& what) {
-        std::printf("FAILED after %.1f minutes and %ld actions: %s\n", minute(), actions_, what.c_str());
+        std::printf("FAILED after %.1f minutes and %ld actions: %s; the user did: %s\n", minute(), actions_,
+                    what.c_str(), user_.lastActions().c_str());
         std::fflush(stdout);
         return false;
     }
@@ -142,6 +143,8 @@ class Soak {
     bool restart() {
         if (!program_.endedWell()) return fail("the program ended with " + program_.end());
         ++ends_;
+        std::printf("ended after %.1f minutes; the user did: %s\n", minute(), user_.lastActions().c_str());
+        std::fflush(stdout);
         memory_ = {};
         return begin();
     }
