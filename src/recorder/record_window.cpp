@@ -17,9 +17,10 @@ namespace {
 
 constexpr int outerMargin = 12, space = 8;  // pixels
 
-/// The handle by which the system knows the widget; 0 where no system shows it.
+/// 0 where no system shows the widget.
 std::int64_t handleOf(const QWidget& widget) {
-    return QGuiApplication::platformName() == "offscreen" ? 0 : static_cast<std::int64_t>(widget.winId());
+    return QGuiApplication::platformName() == "offscreen" ? 0
+                                                          : static_cast<std::int64_t>(systemHandle(widget));
 }
 
 }  // namespace

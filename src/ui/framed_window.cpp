@@ -1,6 +1,6 @@
 #include "ui/framed_window.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPainter>
 #include <QShortcut>
 #include <algorithm>
@@ -61,8 +61,10 @@ FramedWindow::FramedWindow(Studio& studio, const FrameOptions& options, QWidget*
     connect(titleBar_, &TitleBar::minimiseWanted, this, [this] { imgTitleMinimize_Click(); });
     connect(titleBar_, &TitleBar::maximiseWanted, this, [this] { imgTitleMaxRestore_Click(); });
     connect(titleBar_, &TitleBar::helpWanted, this, [this] { imgTitleHelp_Click(); });
-    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
-            [this] { imgTitleHelp_Click(); });
+    auto* const help = new QShortcut(QKeySequence::HelpContents, this);
+    connect(help, &QShortcut::activated, this, [this] { helpFront(); });
+    // In a tool window the key is its parent's too.
+    connect(help, &QShortcut::activatedAmbiguously, this, [this] { helpFront(); });
     connect(this, &QWidget::windowTitleChanged, titleBar_, &TitleBar::setTitle);
     makeStripsAndGrips();
 }
@@ -80,6 +82,11 @@ void FramedWindow::makeStripsAndGrips() {
 }
 
 void FramedWindow::useSettings(const Settings& settings) { settings_ = &settings; }
+
+void FramedWindow::helpFront() {
+    auto* const front = dynamic_cast<FramedWindow*>(QApplication::activeWindow());
+    (front != nullptr ? front : this)->imgTitleHelp_Click();
+}
 
 void FramedWindow::setHelp(std::function<void()> help) {
     help_ = std::move(help);

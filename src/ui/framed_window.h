@@ -93,6 +93,7 @@ class FramedWindow : public QWidget {
     bool& resizing_;  ///< the window's own flag Resizing
 
  private:
+    void helpFront();
     void makeStripsAndGrips();
     void layOutFrame(bool maximised);
     void layOutParts(bool maximised);

@@ -22,10 +22,15 @@ void placeOnScreen(QWidget& window, QPoint corner) {
                 std::clamp(corner.y(), room.top(), room.top() + spare.height()));
 }
 
+WId systemHandle(const QWidget& widget) {
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    return widget.winId();
+}
+
 void putBeforeActiveWindow(QWidget& window) {
     const QWidget* const front = QApplication::activeWindow();
     if (front == nullptr || front == &window || front->windowHandle() == nullptr) return;
-    window.winId();  // makes its handle
+    systemHandle(window);
     window.windowHandle()->setTransientParent(front->windowHandle());
 }
 

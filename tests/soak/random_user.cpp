@@ -22,7 +22,7 @@ constexpr int titleHeight = 32;    // pixels: the frame's own, with its buttons
 constexpr int closeWidth = 44;     // pixels from the right
 constexpr int toolbarHeight = 90;  // pixels from the top of the main window
 constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
-constexpr std::size_t trailLength = 12;
+constexpr std::size_t trailLength = 40;
 
 bool isFileDialog(const VisibleWindow& window) {
     constexpr std::array<std::string_view, 3> words{"Open", "Save", "Sav"};
@@ -63,12 +63,16 @@ const VisibleWindow& RandomUser::choose(const std::vector<VisibleWindow>& window
     return windows[static_cast<std::size_t>(upTo(static_cast<int>(windows.size()) - 1))];
 }
 
-bool RandomUser::endsProgram(const VisibleWindow& window, Point place) const {
-    const bool isClose = place.y < window.y + titleHeight && place.x > window.x + window.width - closeWidth;
-    if ((isMain(window) || isKeyboard(window)) && isClose) return true;
-    return std::ranges::any_of(menus_, [&](const VisibleWindow& menu) {
-        return menu.height > entryHeight * 8 && place.x >= menu.x && place.x < menu.x + menu.width &&
-               place.y > menu.y + menu.height - entryHeight && place.y < menu.y + menu.height;
+bool RandomUser::endsProgram(Point place) const {
+    // What is chosen may be covered: any of them may be the one that gets the click.
+    return std::ranges::any_of(windows_, [&](const VisibleWindow& window) {
+        const bool inside = place.x >= window.x && place.x < window.x + window.width && place.y >= window.y &&
+                            place.y < window.y + window.height;
+        const bool isClose =
+            place.y < window.y + titleHeight && place.x > window.x + window.width - closeWidth;
+        if (isMain(window) || isKeyboard(window)) return inside && isClose;
+        return inside && window.popup && window.height > entryHeight * 8 &&
+               place.y > window.y + window.height - entryHeight;
     });
 }
 
@@ -78,7 +82,7 @@ Point RandomUser::placeIn(const VisibleWindow& window) {
         if (isMain(window) && upTo(3) == 0) place.y = upTo(toolbarHeight);
         place.x += window.x;
         place.y += window.y;
-        if (!endsProgram(window, place)) return place;
+        if (!endsProgram(place)) return place;
     }
 }
 
@@ -95,8 +99,7 @@ std::string RandomUser::lastActions() const {
 
 void RandomUser::act(const std::vector<VisibleWindow>& windows) {
     if (windows.empty()) return;
-    menus_.clear();
-    std::ranges::copy_if(windows, std::back_inserter(menus_), &VisibleWindow::popup);
+    windows_ = windows;
     const VisibleWindow& window = choose(windows);
     // A user sees where the keys go; who does not look gives the dialog the keyboard first.
     if (window.modal) session_.activate(window.id);
@@ -106,7 +109,8 @@ void RandomUser::act(const std::vector<VisibleWindow>& windows) {
     if (kind < 58) return click(window);
     if (kind < 68) return drag(window);
     if (kind < 73) return turnWheel(window);
-    if (kind >= 73 && kind < 96 && !menus_.empty()) return strike(oneOf(inMenus));
+    if (kind >= 73 && kind < 96 && std::ranges::any_of(windows, &VisibleWindow::popup))
+        return strike(oneOf(inMenus));
     if (kind < 83) return strike();
     if (kind < 90) return playKeys();
     if (kind < 96) return commandKey();

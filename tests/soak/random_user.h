@@ -35,7 +35,7 @@ class RandomUser {
     }
     const VisibleWindow& choose(const std::vector<VisibleWindow>& windows);
     Point placeIn(const VisibleWindow& window);
-    bool endsProgram(const VisibleWindow& window, Point place) const;
+    bool endsProgram(Point place) const;
     void answerDialog(const VisibleWindow& dialog);
     void answerFileDialog();
     void openToolWindow(const VisibleWindow& main);
@@ -53,7 +53,7 @@ class RandomUser {
     XSession& session_;
     std::mt19937 random_;
     std::deque<std::string> trail_;
-    std::vector<VisibleWindow> menus_;
+    std::vector<VisibleWindow> windows_;  ///< at the last look
 };
 
 }  // namespace melvane::soak

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QListWidget>
+#include <QTest>
 #include <QToolButton>
 #include <QWidget>
 #include <algorithm>
@@ -106,7 +107,7 @@ TEST_F(QtProgramTest, TheHelpComesAMomentLaterAndOnce) {
     EXPECT_EQ(windowsNamed("Help"), 1);
 }
 
-TEST_F(QtProgramTest, TheHelpButtonOfAWindowOpensTheHelpAtItsTopic) {
+TEST_F(QtProgramTest, TheHelpButtonOfAWindowAndF1OpenTheHelpAtItsTopic) {
     const std::array<std::pair<const char*, const char*>, 8> headings{
         {{"Form2", "Editing"},
          {"Form3", "Setting up channels and the score"},
@@ -116,19 +117,41 @@ TEST_F(QtProgramTest, TheHelpButtonOfAWindowOpensTheHelpAtItsTopic) {
          {"Record", "Recorder"},
          {"frmLog", "Recorder"},
          {"Wiz", "Tutorial"}}};
+    using Ask = void (*)(QWidget&);
     for (const auto& [name, heading] : headings) {
-        program->toolWindows().showWindow(name);
-        QWidget* const window = windowNamed(name);
-        ASSERT_NE(window, nullptr) << name;
-        window->activateWindow();
-        QCoreApplication::processEvents();
-        window->findChild<QToolButton*>("imgTitleHelp")->click();
-        time.waitUntil(time.counter() + time.frequency() / 10);
-        QWidget* const help = windowNamed("Help");
-        ASSERT_NE(help, nullptr) << name;
-        EXPECT_EQ(help->findChild<QListWidget*>()->currentItem()->text(), heading) << name;
-        EXPECT_TRUE(help->isVisible()) << name;
-        help->close();
+        for (const Ask ask : {Ask{[](QWidget& it) { it.findChild<QToolButton*>("imgTitleHelp")->click(); }},
+                              Ask{[](QWidget& it) { QTest::keyClick(&it, Qt::Key_F1); }}}) {
+            program->toolWindows().showWindow(name);
+            QWidget* const window = windowNamed(name);
+            ASSERT_NE(window, nullptr) << name;
+            window->activateWindow();
+            QCoreApplication::processEvents();
+            ask(*window);
+            time.waitUntil(time.counter() + time.frequency() / 10);
+            QCoreApplication::processEvents();
+            QWidget* const help = windowNamed("Help");
+            ASSERT_NE(help, nullptr) << name;
+            EXPECT_EQ(help->findChild<QListWidget*>()->currentItem()->text(), heading) << name;
+            EXPECT_TRUE(help->isVisible()) << name;
+            EXPECT_EQ(QApplication::activeWindow(), help) << name;
+            help->close();
+            window->hide();  // one of them keeps the others from answering
+        }
+    }
+}
+
+TEST_F(QtProgramTest, NoPartOfAWindowBecomesASystemsWindowWhenTheHelpComes) {
+    program->toolWindows().showWindow("Form2");
+    windowNamed("Form2")->activateWindow();
+    QCoreApplication::processEvents();
+    program->engine().menus.Cmdhelp_Click();
+    time.waitUntil(time.counter() + time.frequency() / 10);
+    ASSERT_TRUE(isShown("Help"));
+    for (const char* const name : {"form1", "Form2", "Help"}) {
+        for (const QWidget* const part : windowNamed(name)->findChildren<QWidget*>()) {
+            EXPECT_TRUE(part->isWindow() || part->internalWinId() == 0)
+                << part->objectName().toStdString() << " of " << name;
+        }
     }
 }
 
