@@ -24,6 +24,7 @@ bool MidiOutput::CheckMidiDevices() {
 
 MidiPort::Result MidiOutput::open(int device) {
     studio_.sounds.MidiResult = port_.midiOutOpen(studio_.sounds.MidiOutHandle, device);
+    open_ = studio_.sounds.MidiResult == MidiPort::ok;
     return studio_.sounds.MidiResult;
 }
 
@@ -48,9 +49,13 @@ void MidiOutput::Device_Click(int) {
     settings_.save("Devices", mapperDevice);
 }
 
-void MidiOutput::CloseMidi() { port_.midiOutClose(studio_.sounds.MidiOutHandle); }
+void MidiOutput::CloseMidi() {
+    port_.midiOutClose(studio_.sounds.MidiOutHandle);
+    open_ = false;
+}
 
 void MidiOutput::closeForGood() {
+    open_ = false;
     studio_.sounds.MidiResult = port_.midiOutClose(studio_.sounds.MidiOutHandle);
 }
 
@@ -66,6 +71,10 @@ void MidiOutput::openAtActivation() {
         send(message::drumKit);
     else
         openNext();
+}
+
+void MidiOutput::openUnlessOpen() {
+    if (!open_) openAtActivation();
 }
 
 bool MidiOutput::openStored() {

@@ -29,6 +29,8 @@ class MidiOutput {
     void reset();
     /// The opening of the device when the main window comes to the front.
     void openAtActivation();
+    /// The same where none is open, as after a file that the media device has played.
+    void openUnlessOpen();
     /// Closes the output and opens the stored device, without a stored one the mapper. Whether it opened.
     bool openStored();
     /// The same on an output that is closed already.
@@ -59,6 +61,7 @@ class MidiOutput {
     MidiPort& port_;
     Dialogs& dialogs_;
     int deviceCount_ = 0;
+    bool open_ = false;
 };
 
 }  // namespace melvane

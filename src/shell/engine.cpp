@@ -45,7 +45,7 @@ Engine::Engine(Studio& studioToUse, Outside& outsideToUse, Surfaces& surfaces, M
       editing(studio, {settings, frame, toolbar, player, tools, blocks, duplication}),
       keyboard(studio, {settings, fileOperations, output, outside.dialogs, outside.clock, outside.loop,
                         outside.directories, picker, stopWatches, frame}),
-      tutorial(studio, {settings, fileOperations, frame, toolWindows, outside.clock, outside.loop,
+      tutorial(studio, {settings, fileOperations, output, frame, toolWindows, outside.clock, outside.loop,
                         outside.directories, tables}),
       recorder(studio, {settings, output, panic, player, files, frame, toolWindows, outside.media,
                         outside.desktop, outside.dialogs, outside.clock, outside.loop, outside.directories}),

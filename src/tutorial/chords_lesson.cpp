@@ -10,6 +10,9 @@ constexpr int chordsPage = 2;  // of the Setup toolbar
 /// Each line of the list of channel chords sounds as the one above it: this one as "Major".
 constexpr int soundsMajor = 1;
 
+/// Also where the tick stands already: a score that was opened since has taken the chords away.
+constexpr LessonAction enableChord = call("Form3", "Ch_Click", 0);
+
 constexpr auto steps = std::to_array<LessonStep>({
     {"1. Open a blank music tablet....",
      {{"Click the first button on the toolbar to clear all notes from the music tablet.."}},
@@ -29,7 +32,7 @@ constexpr auto steps = std::to_array<LessonStep>({
     {"5. Enable Chord on Channel 1 (red button #1)....",
      {{"The coloured buttons behind \"Channel Chord >\" turn the chords of the channels on and off.",
        "Button #1 is red, the colour of Channel 1."}},
-     {{show("Form3"), setupPage(chordsPage), put("Form3", "Ch", 1, 0)}}},
+     {{show("Form3"), setupPage(chordsPage), put("Form3", "Ch", 1, 0), enableChord}}},
     {R"(6. Select chord name - "Major"........)",
      {{"Choose the chord in the list on the Chords tab.",
        "Each line of this list sounds as the one above it, so for a Major chord the line under it will be "

@@ -89,6 +89,8 @@ constexpr LessonAction handOverIfNone(const char* file) {
 constexpr LessonAction takeBack(const char* file) { return {LessonAction::Kind::takeBack, "", file, {}, 0}; }
 
 constexpr LessonAction drawTool() { return {LessonAction::Kind::draw, "", "", {}, 0}; }
+/// While "Static note Test" is ticked a press sounds and writes nothing.
+constexpr LessonAction noNoteTest() { return put("form1", "Check4", 0); }
 constexpr LessonAction selectTool() { return {LessonAction::Kind::select, "", "", {}, 0}; }
 
 /// On a surface of the main window, from one column of the page to another, on a row of the page.

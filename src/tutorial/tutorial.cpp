@@ -131,6 +131,9 @@ void Tutorial::click(int lesson, int step) {
     };
     if (isOver()) return;
     if (studio_.Wiz.Check1.ticked()) explain(lesson, step);
+    // The player of files lets the output go, and the main window takes it back only when it comes to the
+    // front.
+    if (!isOver()) parts_.output.openUnlessOpen();
     for (const auto& action : clicked->actions) {
         if (!isOver() || isDoneInAnyCase(action)) actions_.run(action);
     }

@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "core/settings.h"
+#include "midi/midi_output.h"
 #include "tutorial/lesson_actions.h"
 #include "tutorial/tutorial_tip.h"
 
@@ -17,6 +18,7 @@ class Tutorial {
     struct Parts {
         Settings& settings;
         FileOperations& files;
+        MidiOutput& output;
         MainFrame& frame;
         ToolWindows& toolWindows;
         Clock& clock;

@@ -22,6 +22,7 @@ constexpr int titleHeight = 32;    // pixels: the frame's own, with its buttons
 constexpr int closeWidth = 44;     // pixels from the right
 constexpr int toolbarHeight = 90;  // pixels from the top of the main window
 constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
+constexpr int exitLeft = 226, exitRight = 270, exitTop = 32, exitBottom = 72;  // pixels, in the keyboard
 constexpr std::size_t trailLength = 40;
 
 bool isFileDialog(const VisibleWindow& window) {
@@ -70,7 +71,10 @@ bool RandomUser::endsProgram(Point place) const {
                             place.y < window.y + window.height;
         const bool isClose =
             place.y < window.y + titleHeight && place.x > window.x + window.width - closeWidth;
-        if (isMain(window) || isKeyboard(window)) return inside && isClose;
+        const bool isExit = isKeyboard(window) && place.x > window.x + exitLeft &&
+                            place.x < window.x + exitRight && place.y > window.y + exitTop &&
+                            place.y < window.y + exitBottom;
+        if (isMain(window) || isKeyboard(window)) return inside && (isClose || isExit);
         return inside && window.popup && window.height > entryHeight * 8 &&
                place.y > window.y + window.height - entryHeight;
     });

@@ -25,7 +25,7 @@ class RandomUser {
     /// The keyboard stands in the main window's place, and its close ends the program too.
     static bool isKeyboard(const VisibleWindow& window);
     /// Its button that leads back to the main window.
-    static Point wayBack(const VisibleWindow& keyboard) { return {keyboard.x + 248, keyboard.y + 52}; }
+    static Point wayBack(const VisibleWindow& keyboard) { return {keyboard.x + 158, keyboard.y + 52}; }
 
  private:
     int upTo(int most);  ///< 0 to `most`
