@@ -41,11 +41,14 @@ class SystemDesktop final : public DesktopWithoutEntries {
     std::vector<std::string_view> encoderFiles() const override { return {}; }
 };
 
+/// Where the encoder lies in library files beside the program, in the order in which they are looked for.
+inline std::vector<std::string_view> encoderLibraryFiles() { return {"akrip32.dll", "lame_enc.dll"}; }
+
 /// A desktop without a mixer, whose encoder lies in library files beside the program.
 class BareDesktop final : public DesktopWithoutEntries {
  public:
     bool openMixer() override { return false; }
-    std::vector<std::string_view> encoderFiles() const override { return {"akrip32.dll", "lame_enc.dll"}; }
+    std::vector<std::string_view> encoderFiles() const override { return encoderLibraryFiles(); }
 };
 
 }  // namespace melvane

@@ -8,7 +8,7 @@ namespace melvane {
 class WindowsDesktop final : public DesktopWithoutEntries {
  public:
     bool openMixer() override;
-    std::vector<std::string_view> encoderFiles() const override { return {"akrip32.dll", "lame_enc.dll"}; }
+    std::vector<std::string_view> encoderFiles() const override { return encoderLibraryFiles(); }
 };
 
 }  // namespace melvane

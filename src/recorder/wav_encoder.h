@@ -29,7 +29,7 @@ class WavEncoder {
     struct Result {
         bool isWhole = false;  ///< the stream was closed as it should be, cancelled or not
         std::optional<EncoderFailure> failure = {};  ///< what ended it
-        bool isWritten = true;                       ///< the disk took all of it
+        bool isWritten = true;  ///< the target holds all of it: it was not in the way, and the disk had room
     };
     /// A target that exists is left alone. After a failure it stays as far as it was written.
     Result encode(const std::string& source, const std::string& target, const BE_CONFIG& config);
