@@ -174,6 +174,21 @@ TEST_F(TutorialTest, TheNotesOfAStepComeHalfASecondApartAndSoundMeanwhile) {
     EXPECT_EQ(cells(0, 12), (std::vector{54, 1054, -1, 52, 1052, -1, 50, 1050, -1, 54, 1054, 1054, -1}));
 }
 
+TEST_F(TutorialTest, TheSampleToBeRecordedTakesThePlaceOfTheUsersFile) {
+    setTips(false);
+    const auto sample = outside.directories.media() / "333.mid";
+    const std::string own = (folder.path() / "own.mid").string();
+    ASSERT_TRUE(engine.fileOperations.WriteBytesFile(own, "MThd"));
+    std::filesystem::remove(sample);
+    studio.Record.Text6.set(own);
+    studio.Record.Optsourcesng.userPut(1LL);
+    engine.tutorial.click(lessonIndex("L1R"), 7);
+    EXPECT_EQ(studio.Record.Text6.text(), sample.string());
+    EXPECT_TRUE(std::filesystem::exists(sample));
+    EXPECT_TRUE(studio.Record.Optsourcemid.ticked());
+    EXPECT_FALSE(studio.Record.Optsourcesng.ticked());
+}
+
 TEST_F(TutorialTest, NotesAreDrawnOnTheSameRowsWhateverTheLineSpacing) {
     setTips(false);
     for (const int height : {5, 8, 13, 16}) {
