@@ -1,3 +1,4 @@
+#include <array>
 #include <filesystem>
 
 #include "tutorial_fixture.h"
@@ -14,6 +15,12 @@ class TutorialEndTest : public TutorialTest {
     /// How many files lie where the samples are put.
     long samples() const {
         return std::distance(std::filesystem::directory_iterator(outside.directories.media()), {});
+    }
+    /// Ends the program, and forgets what that has drawn and sent.
+    void endAndForget() {
+        engine.startUp.Form_Unload();
+        sent();
+        surfaces.calls.clear();
     }
     void recordTheFile() { engine.tutorial.click(lessonIndex("L1R"), 8); }
 };
@@ -66,27 +73,56 @@ TEST_F(TutorialEndTest, OpeningTheWindowWhileTheProgramEndsPutsNoSampleOut) {
     EXPECT_EQ(samples(), 0);
 }
 
-TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesWritesAndSendsNothingMore) {
+TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesInAPausePressesNoMore) {
     setTips(false);
-    std::vector<int> cellsAtTheEnd;
-    time.at(700, [&] {  // the second note's press waits for its release
-        engine.startUp.Form_Unload();
-        cellsAtTheEnd = cells(0, 12);
-        sent();
+    time.at(700, [&] {  // the pause after the first note's release
+        EXPECT_FALSE(studio.drag.MouseIsDown);
+        endAndForget();
     });
     engine.tutorial.click(lessonIndex("L1E"), 0);
-    ASSERT_FALSE(cellsAtTheEnd.empty());
-    EXPECT_EQ(cells(0, 12), cellsAtTheEnd);
+    EXPECT_TRUE(time.ended());
+    EXPECT_EQ(surfaces.calls, std::vector<std::string>{});
+    EXPECT_FALSE(studio.drag.MouseIsDown);
     EXPECT_EQ(sent(), std::vector<std::string>{});
     EXPECT_EQ(samples(), 0);
 }
 
+TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesBeforeItsPasteWritesNoCells) {
+    setTips(false);
+    engine.tutorial.click(lessonIndex("L1E"), 0);
+    std::vector<int> cellsAtTheEnd;
+    time.at(2200, [&] {  // the pause before the paste
+        EXPECT_EQ(cells(0, 1), (std::vector{54, 1054})) << "there is something to be pasted";
+        endAndForget();
+        cellsAtTheEnd = cells(0, 29);
+    });
+    engine.tutorial.click(lessonIndex("L1E"), 8);
+    ASSERT_FALSE(cellsAtTheEnd.empty());
+    EXPECT_EQ(cells(0, 29), cellsAtTheEnd);
+}
+
+TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesMovesNoControlMore) {
+    setTips(false);
+    const auto values = [this] {
+        return std::array{studio.form1.LblMod.value(), studio.form1.LblPan.value(),
+                          studio.form1.LblReverb.value(), studio.form1.LblChorus.value()};
+    };
+    auto valuesAtTheEnd = values();
+    const auto before = valuesAtTheEnd;
+    time.at(700, [&] {
+        endAndForget();
+        valuesAtTheEnd = values();
+    });
+    engine.tutorial.click(lessonIndex("LQ1"), 6);
+    EXPECT_NE(valuesAtTheEnd, before) << "the first one had moved";
+    EXPECT_EQ(values(), valuesAtTheEnd);
+}
+
 TEST_F(TutorialEndTest, AStepThatTheProgramsEndOvertakesInAPressIsNotReleased) {
     setTips(false);
-    time.at(1200, [&] {
-        engine.startUp.Form_Unload();
-        sent();
-        surfaces.calls.clear();
+    time.at(1200, [&] {  // the second note is being drawn
+        EXPECT_TRUE(studio.drag.MouseIsDown);
+        endAndForget();
     });
     engine.tutorial.click(lessonIndex("L1E"), 0);
     EXPECT_TRUE(time.ended());
