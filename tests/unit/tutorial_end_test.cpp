@@ -159,11 +159,17 @@ TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhenTheWindowIsClosedInThe
     EXPECT_FALSE(hasSample("333.mid"));
 }
 
-TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhenTheProgramEndsMeanwhile) {
+TEST_F(TutorialEndTest, TheRecordedFileIsTakenBackAlsoWhereTheProgramsEndHasLeftItLying) {
     setTips(false);
-    time.at(300, [&] { engine.startUp.Form_Unload(); });
+    const auto file = (outside.directories.media() / "333.mid").string();
+    bool left = false;
+    time.at(300, [&] {
+        engine.startUp.Form_Unload();
+        left = engine.fileOperations.WriteBytesFile(file, "as if a player had held it");
+    });
     recordTheFile();
     EXPECT_TRUE(time.ended());
+    EXPECT_TRUE(left);
     EXPECT_EQ(samples(), 0);
 }
 
