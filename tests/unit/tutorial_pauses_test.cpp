@@ -1,3 +1,8 @@
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
 #include "tutorial_fixture.h"
 
 namespace melvane::test {
@@ -25,12 +30,68 @@ TEST_F(TutorialPausesTest, BetweenTwoEventsOfTheMouseOnTheStripHalfASecondPasses
     EXPECT_EQ(pairs, 1 + 8 + 1);
 }
 
-TEST_F(TutorialPausesTest, TheChangeOfEightColumnsTakesFourSeconds) {
+/// What makes a step last.
+struct Lasting {
+    int pauses = 0;      ///< of half a second; a press and its release have one between them
+    int more = 0;        ///< milliseconds, beside the pauses
+    bool plays = false;  ///< the score, to its end
+};
+constexpr int pick = 20;         // until the user of these tests has picked an instrument
+constexpr int removal = 200;     // of a sample's file
+constexpr int recorded = 10000;  // the file that the device plays
+constexpr Lasting atOnce{}, picks{0, pick}, opens{0, removal}, plays{0, 0, true};
+
+struct LastingLesson {
+    const char* labels;
+    std::vector<Lasting> steps;
+};
+const std::vector<LastingLesson> lastingLessons{
+    {"L1", {atOnce, opens, atOnce, opens, atOnce, opens, plays, atOnce}},
+    {"L2", {atOnce, picks, opens, atOnce, atOnce, atOnce, plays, plays}},
+    {"LP1", {atOnce, picks, {4 + 3}, atOnce, picks, {1}, atOnce, picks, {2 + 1}, {3}, plays}},
+    {"L1E", {{4 + 3}, atOnce, {2 + 1}, {2 + 1}, {1 + 2, pick}, atOnce, atOnce, {1}, {2 + 3}, {2 + 3}, {3}}},
+    {"L1M", {opens, atOnce, atOnce, atOnce, atOnce}},  // no file is chosen that could be played
+    {"L1R", {atOnce, {2}, atOnce, opens, plays, atOnce, atOnce, atOnce, {0, recorded + removal}, atOnce}},
+    {"L1S", {atOnce, {1}, atOnce, picks, picks, opens, plays}},
+    {"LQ1", {atOnce, opens, opens, {1, pick}, atOnce, atOnce, {3}, {8}, plays}}};
+
+class TutorialTimesTest : public TutorialTest, public testing::WithParamInterface<int> {
+ protected:
+    std::int64_t duration(const std::function<void()>& action) {
+        const auto before = time.tickCount();
+        action();
+        return time.tickCount() - before;
+    }
+};
+
+TEST_P(TutorialTimesTest, EachStepTakesItsPausesAndItsPlaying) {
     setTips(false);
-    const auto before = time.tickCount();
-    engine.tutorial.click(lessonIndex("LQ1"), 7);
-    EXPECT_EQ(time.tickCount() - before, 8 * 500);
+    const int lesson = GetParam();
+    const auto& steps = lastingLessons[static_cast<std::size_t>(lesson)].steps;
+    ASSERT_EQ(stepCount(lesson), static_cast<int>(steps.size()));
+    for (int step = 0; step < stepCount(lesson); ++step) {
+        const auto took = duration([&] { engine.tutorial.click(lesson, step); });
+        const auto& wanted = steps[static_cast<std::size_t>(step)];
+        const auto playing =
+            wanted.plays ? duration([this] { engine.player.PlayAndStop_Click(0); }) : std::int64_t{0};
+        EXPECT_EQ(playing > 0, wanted.plays) << step;
+        const auto expected = wanted.pauses * 500 + wanted.more + playing;
+        EXPECT_LE(std::abs(took - expected), 1) << step << " took " << took << ", not " << expected;
+    }
 }
+
+TEST(TutorialTimesTableTest, NoLessonIsLeftOut) {
+    ASSERT_EQ(lastingLessons.size(), lessons().size());
+    for (std::size_t at = 0; at < lessons().size(); ++at) {
+        EXPECT_STREQ(lastingLessons[at].labels, lessons()[at]->labels);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Lessons, TutorialTimesTest,
+                         testing::Range(0, static_cast<int>(lastingLessons.size())), [](const auto& lesson) {
+                             return std::string(
+                                 lastingLessons[static_cast<std::size_t>(lesson.param)].labels);
+                         });
 
 }  // namespace
 }  // namespace melvane::test
