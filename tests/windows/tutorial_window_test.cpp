@@ -263,6 +263,27 @@ TEST_F(TutorialWindowTest, APlaybackDisablesTheWindowUntilItsEnd) {
     EXPECT_TRUE(wizard->isEnabled());
 }
 
+TEST_F(TutorialWindowTest, AStepThatPlaysTheScoreDisablesTheWindowAndOneThatPlaysAFileDoesNot) {
+    part<QCheckBox>("Check1").click();
+    write(0, 0, 60, 400);
+    const std::string file = (folder.path() / "mine.mid").string();
+    ASSERT_TRUE(engine.fileOperations.WriteBytesFile(file, "MThd"));
+    studio.Record.Text6.set(file);
+    const auto enabledWhile = [this](const char* step) {
+        bool enabled = !wizard->isEnabled();
+        const auto before = time.tickCount();
+        time.at(2000, [&] { enabled = wizard->isEnabled(); });
+        part(step).click();
+        EXPECT_GT(time.tickCount() - before, 5000) << step << " has played";
+        EXPECT_TRUE(wizard->isEnabled());
+        return enabled;
+    };
+    choose(4);
+    EXPECT_TRUE(enabledWhile("L1M(4)"));
+    choose(0);
+    EXPECT_FALSE(enabledWhile("L1(6)"));
+}
+
 TEST_F(TutorialWindowTest, ItTakesTheLookAtEachLoad) {
     wizard->close();
     engine.settings.save("XPInterface", false);
