@@ -68,7 +68,7 @@ TEST_F(TutorialTest, EveryStepHasATipWithoutAnEmptyLine) {
 
 /// What a step leaves behind.
 struct Left {
-    std::vector<std::vector<int>> cells, instruments, chords;
+    std::vector<std::vector<int>> cells, instruments, chords, effects;
     int currentTrack, editMode, tempo, selStart, selEnd;
     bool operator==(const Left&) const = default;
 };
@@ -81,9 +81,14 @@ class EveryLessonTest : public TutorialTest, public testing::WithParamInterface<
             all.cells.push_back(cells(track, 200));
             auto& instruments = all.instruments.emplace_back();
             auto& chords = all.chords.emplace_back();
+            auto& effects = all.effects.emplace_back();
             for (int column = 0; column <= 200; ++column) {
                 instruments.push_back(studio.score.InstArray.get(track, column, 0));
                 chords.push_back(studio.score.chordOf(track, column));
+                for (const auto grid : {&Score::VolumeArray, &Score::ModArray, &Score::PanArray,
+                                        &Score::ReverbArray, &Score::ChorusArray}) {
+                    effects.push_back((studio.score.*grid).get(track, column, 0));
+                }
             }
         }
         all.currentTrack = studio.tracks.CurrentTrack;
@@ -93,15 +98,17 @@ class EveryLessonTest : public TutorialTest, public testing::WithParamInterface<
         all.selEnd = studio.selection.SelEnd;
         return all;
     }
-    /// What each step of the lesson leaves, done in their order from an empty score.
-    std::vector<Left> doAll(bool withTips) {
+    /// What each step of the lesson leaves, done in their order from an empty score, each `times` in a row.
+    std::vector<Left> doAll(bool withTips, int times = 1) {
         setTips(withTips);
         engine.toolbar.Cmd2_Click(0);
         engine.channels.Label8_Click(0);
         std::vector<Left> all;
         for (int step = 0; step < stepCount(GetParam()); ++step) {
-            engine.tutorial.click(GetParam(), step);
-            all.push_back(left());
+            for (int run = 0; run < times; ++run) {
+                engine.tutorial.click(GetParam(), step);
+                all.push_back(left());
+            }
         }
         return all;
     }
@@ -117,6 +124,18 @@ TEST_P(EveryLessonTest, TipsChangeNothingAboutWhatTheStepsDo) {
     for (std::size_t step = 0; step < with.size(); ++step) {
         EXPECT_TRUE(with[step] == without[step])
             << lessons()[static_cast<std::size_t>(GetParam())]->labels << step;
+    }
+}
+
+TEST_P(EveryLessonTest, AStepThatIsDoneTwiceInARowLeavesTheSameWithTipsAsWithout) {
+    doAll(false, 2);
+    const auto without = doAll(false, 2);
+    const auto with = doAll(true, 2);
+    EXPECT_EQ(tips.size(), without.size()) << "the second time is explained too";
+    ASSERT_EQ(with.size(), without.size());
+    for (std::size_t at = 0; at < with.size(); ++at) {
+        EXPECT_TRUE(with[at] == without[at])
+            << lessons()[static_cast<std::size_t>(GetParam())]->labels << at / 2 << ", time " << at % 2 + 1;
     }
 }
 
