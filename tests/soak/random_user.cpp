@@ -7,11 +7,12 @@ namespace melvane::soak {
 
 namespace {
 
+// Tab belongs to the dialogs: in a window it leads to the button that ends the program.
 constexpr std::array letters{"a", "s", "d", "f", "g", "h", "j", "k", "q",
                              "w", "e", "r", "t", "y", "u", "z", "x", "c"};
 constexpr std::array others{"0",         "1",      "2",      "5",     "9",     "period", "minus",
-                            "BackSpace", "Delete", "Return", "Tab",   "Left",  "Up",     "Down",
-                            "Right",     "Home",   "End",    "space", "Prior", "Escape"};
+                            "BackSpace", "Delete", "Return", "Left",  "Up",    "Down",   "Right",
+                            "Home",      "End",    "space",  "Prior", "Escape"};
 /// Play, pause, repeat and stop, more often than opening and saving.
 constexpr std::array commands{"F4", "F5", "F5", "F5", "F6", "F7", "F7", "F8", "F1"};
 /// None that could choose the end of the program in a menu.
@@ -123,7 +124,7 @@ void RandomUser::act(const std::vector<VisibleWindow>& windows) {
 }
 
 void RandomUser::answerDialog(const VisibleWindow& dialog) {
-    constexpr std::array answers{"Return", "Escape", "space"};
+    constexpr std::array answers{"Return", "Escape", "space", "Tab"};
     if (upTo(3) == 0) return click(dialog);
     strike(oneOf(answers));
 }

@@ -150,10 +150,10 @@ class Soak {
     }
 
     bool look() {
-        const auto taken = timeToIdle(program_.id(), patience);
+        const auto taken = session_.timeToAnswer(program_.id(), patience);
         if (!taken) {
             program_.abort();  // the sanitizer tells where it is
-            return fail("it has not waited for events for a minute");
+            return fail("it has not served events for a minute");
         }
         slowest_ = std::max(slowest_, *taken);
         session_.restore(program_.id());
@@ -248,7 +248,7 @@ class Soak {
         const long after = memory_.greatest(std::max(0.0, minutes_ - warmUpMinutes), minutes_);
         std::printf("%.0f minutes, %ld actions, ended and started again %d times\n", minutes_, actions_,
                     ends_);
-        std::printf("longest time without waiting for events: %ld ms\n", static_cast<long>(slowest_.count()));
+        std::printf("longest time until events were served: %ld ms\n", static_cast<long>(slowest_.count()));
         std::printf("memory:\n%s", memory_.table().c_str());
         std::printf(
             "greatest from minute 10 to 20: %ld MB; in the last ten: %ld MB; growth %.1f MB an hour\n",

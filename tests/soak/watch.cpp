@@ -20,33 +20,12 @@ long residentKilobytes(pid_t process) {
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
-namespace {
-
-/// Also while its end has not been asked for yet: it still has its place in /proc then.
 bool hasEnded(pid_t process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
     std::string line;
     std::getline(file, line);
     const auto name = line.rfind(") ");  // a name may have blanks and brackets itself
     return name == std::string::npos || line[name + 2] == 'Z' || line[name + 2] == 'X';
-}
-
-}  // namespace
-
-std::optional<std::chrono::milliseconds> timeToIdle(pid_t process, std::chrono::milliseconds patience) {
-    using std::chrono::steady_clock;
-    const std::string place = "/proc/" + std::to_string(process) + "/wchan";
-    const auto start = steady_clock::now();
-    for (;;) {
-        std::ifstream file(place);
-        std::string waitsIn;
-        std::getline(file, waitsIn);
-        const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
-        if (waitsIn.starts_with("poll_schedule") || waitsIn.starts_with("do_poll") || hasEnded(process))
-            return taken;
-        if (taken > patience) return {};
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    }
 }
 
 long MemoryWatch::greatest(double fromMinute, double toMinute) const {

@@ -13,9 +13,8 @@ namespace melvane::soak {
 /// Resident memory of the process, in kilobytes; 0 when it is gone.
 long residentKilobytes(pid_t process);
 
-/// How long the first thread of the process took to come back to waiting for events; nothing when it did not
-/// within `patience`, busy or stuck.
-std::optional<std::chrono::milliseconds> timeToIdle(pid_t process, std::chrono::milliseconds patience);
+/// Also while nobody has asked for its end: it still has its place in /proc then.
+bool hasEnded(pid_t process);
 
 /// Memory over time: flat after the first minutes, or not.
 class MemoryWatch {

@@ -5,6 +5,9 @@
 #include <X11/extensions/XTest.h>
 
 #include <algorithm>
+#include <thread>
+
+#include "soak/watch.h"
 
 namespace melvane::soak {
 
@@ -33,6 +36,7 @@ std::unique_ptr<XSession> XSession::open() {
 
 XSession::XSession(Display* display) : display_(display), root_(DefaultRootWindow(display)) {
     XSetErrorHandler(passOver);
+    XSelectInput(display_, root_, StructureNotifyMask);  // the toolkit sends its answers so
 }
 
 XSession::~XSession() { XCloseDisplay(display_); }
@@ -161,6 +165,50 @@ void XSession::close(Window window) {
     event.xclient.data.l[0] = static_cast<long>(atom("WM_DELETE_WINDOW"));
     XSendEvent(display_, window, False, NoEventMask, &event);
     XFlush(display_);
+}
+
+std::optional<std::chrono::milliseconds> XSession::timeToAnswer(pid_t process,
+                                                                std::chrono::milliseconds patience) {
+    using std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds patienceOfOne(1000);  // a window may go before it answers
+    const auto start = steady_clock::now();
+    for (;;) {
+        const auto windows = windowsOf(process);
+        const auto asked = std::ranges::find(windows, false, &VisibleWindow::popup);
+        const bool answered =
+            asked == windows.end() || hasEnded(process) || answers(asked->id, patienceOfOne);
+        const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
+        if (answered) return taken;
+        if (taken > patience) return {};
+    }
+}
+
+bool XSession::answers(Window window, std::chrono::milliseconds patience) {
+    using std::chrono::steady_clock;
+    const long number = ++pings_;
+    XEvent ping{};
+    ping.xclient.type = ClientMessage;
+    ping.xclient.window = window;
+    ping.xclient.message_type = atom("WM_PROTOCOLS");
+    ping.xclient.format = 32;
+    ping.xclient.data.l[0] = static_cast<long>(atom("_NET_WM_PING"));
+    ping.xclient.data.l[1] = number;
+    ping.xclient.data.l[2] = static_cast<long>(window);
+    XSendEvent(display_, window, False, NoEventMask, &ping);
+    XFlush(display_);
+    const auto limit = steady_clock::now() + patience;
+    while (steady_clock::now() < limit) {
+        while (XPending(display_) > 0) {
+            XEvent event;
+            XNextEvent(display_, &event);
+            const auto& message = event.xclient;
+            if (event.type == ClientMessage && message.message_type == ping.xclient.message_type &&
+                message.data.l[0] == ping.xclient.data.l[0] && message.data.l[1] == number)
+                return true;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return false;
 }
 
 }  // namespace melvane::soak

@@ -2,6 +2,7 @@
 #include <X11/Xlib.h>
 #include <sys/types.h>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,6 +41,9 @@ class XSession {
     /// Gives the window the keyboard, and brings it to the front.
     void activate(Window window);
     void moveTo(Point place);
+    /// How long the process took to answer the ping of a window manager, which it does as it serves events;
+    /// nothing when it did not within `patience`. At once when it has ended, or has no window.
+    std::optional<std::chrono::milliseconds> timeToAnswer(pid_t process, std::chrono::milliseconds patience);
     /// Buttons count from 1; 4 and 5 are the wheel.
     void press(unsigned button);
     void release(unsigned button);
@@ -58,8 +62,11 @@ class XSession {
     std::optional<VisibleWindow> look(Window window, bool popup) const;
     Atom atom(const char* name) const { return XInternAtom(display_, name, False); }
 
+    bool answers(Window window, std::chrono::milliseconds patience);
+
     Display* display_;
     Window root_;
+    long pings_ = 0;
 };
 
 }  // namespace melvane::soak
