@@ -98,15 +98,21 @@ bool XSession::isReachable(const VisibleWindow& window) const {
            y < DisplayHeight(display_, DefaultScreen(display_));
 }
 
-void XSession::activate(Window window) {
+void XSession::tell(Window window, const char* kind, const std::array<long, 3>& data, bool manager) {
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
-    event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
+    event.xclient.message_type = atom(kind);
     event.xclient.format = 32;
-    event.xclient.data.l[0] = 2;  // asked by the user
-    XSendEvent(display_, root_, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    std::ranges::copy(data, std::begin(event.xclient.data.l));
+    XSendEvent(display_, manager ? root_ : window, False,
+               manager ? SubstructureNotifyMask | SubstructureRedirectMask : NoEventMask, &event);
     XFlush(display_);
+}
+
+void XSession::activate(Window window) {
+    constexpr long askedByTheUser = 2;
+    tell(window, "_NET_ACTIVE_WINDOW", {askedByTheUser}, true);
 }
 
 std::vector<VisibleWindow> XSession::windowsOf(pid_t process) {
@@ -157,14 +163,7 @@ void XSession::releaseKey(const std::string& name) {
 }
 
 void XSession::close(Window window) {
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = atom("WM_PROTOCOLS");
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(atom("WM_DELETE_WINDOW"));
-    XSendEvent(display_, window, False, NoEventMask, &event);
-    XFlush(display_);
+    tell(window, "WM_PROTOCOLS", {static_cast<long>(atom("WM_DELETE_WINDOW"))}, false);
 }
 
 std::optional<std::chrono::milliseconds> XSession::timeToAnswer(pid_t process,
@@ -185,25 +184,16 @@ std::optional<std::chrono::milliseconds> XSession::timeToAnswer(pid_t process,
 
 bool XSession::answers(Window window, std::chrono::milliseconds patience) {
     using std::chrono::steady_clock;
-    const long number = ++pings_;
-    XEvent ping{};
-    ping.xclient.type = ClientMessage;
-    ping.xclient.window = window;
-    ping.xclient.message_type = atom("WM_PROTOCOLS");
-    ping.xclient.format = 32;
-    ping.xclient.data.l[0] = static_cast<long>(atom("_NET_WM_PING"));
-    ping.xclient.data.l[1] = number;
-    ping.xclient.data.l[2] = static_cast<long>(window);
-    XSendEvent(display_, window, False, NoEventMask, &ping);
-    XFlush(display_);
+    const long ping = static_cast<long>(atom("_NET_WM_PING")), number = ++pings_;
+    tell(window, "WM_PROTOCOLS", {ping, number, static_cast<long>(window)}, false);
     const auto limit = steady_clock::now() + patience;
     while (steady_clock::now() < limit) {
         while (XPending(display_) > 0) {
             XEvent event;
             XNextEvent(display_, &event);
             const auto& message = event.xclient;
-            if (event.type == ClientMessage && message.message_type == ping.xclient.message_type &&
-                message.data.l[0] == ping.xclient.data.l[0] && message.data.l[1] == number)
+            if (event.type == ClientMessage && message.message_type == atom("WM_PROTOCOLS") &&
+                message.data.l[0] == ping && message.data.l[1] == number)
                 return true;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

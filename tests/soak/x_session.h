@@ -2,6 +2,7 @@
 #include <X11/Xlib.h>
 #include <sys/types.h>
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -62,6 +63,8 @@ class XSession {
     std::optional<VisibleWindow> look(Window window, bool popup) const;
     Atom atom(const char* name) const { return XInternAtom(display_, name, False); }
 
+    /// A client message to the window itself, or about it to the window manager.
+    void tell(Window window, const char* kind, const std::array<long, 3>& data, bool manager);
     bool answers(Window window, std::chrono::milliseconds patience);
 
     Display* display_;
