@@ -24,7 +24,7 @@ constexpr int closeWidth = 44;     // pixels from the right
 constexpr int toolbarHeight = 90;  // pixels from the top of the main window
 constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
 constexpr int exitLeft = 226, exitRight = 270, exitTop = 32, exitBottom = 72;  // pixels, in the keyboard
-constexpr std::size_t trailLength = 40;
+constexpr std::size_t trailLength = 150;  // the end of the program takes seconds
 
 bool isFileDialog(const VisibleWindow& window) {
     constexpr std::array<std::string_view, 3> words{"Open", "Save", "Sav"};
