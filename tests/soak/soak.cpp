@@ -34,8 +34,7 @@ constexpr milliseconds patience{60000};  // the sanitizers make everything slow
 constexpr seconds startPatience{120};
 constexpr seconds endPatience{120};
 constexpr int actionsBetweenLooks = 20;
-constexpr double warmUpMinutes = 10;
-constexpr double mostGrowth = 0.05;  // of the memory after the warm-up
+constexpr double leastMinutes = 60;  // of a run that has to tell whether the memory stays
 constexpr float quietest = 1e-4F;    // of full scale: what counts as silence
 
 /// The program, started and watched.
@@ -145,7 +144,7 @@ class Soak {
         ++ends_;
         std::printf("ended after %.1f minutes; the user did: %s\n", minute(), user_.lastActions().c_str());
         std::fflush(stdout);
-        memory_ = {};
+        lives_.emplace_back(minute());
         return begin();
     }
 
@@ -159,7 +158,7 @@ class Soak {
         session_.restore(program_.id());
         if (minute() >= nextSample_) {
             nextSample_ = minute() + 0.25;
-            memory_.add(minute(), residentKilobytes(program_.id()));
+            lives_.back().add(minute(), residentKilobytes(program_.id()));
             files_.look();
         }
         return true;
@@ -244,22 +243,19 @@ class Soak {
     bool report() {
         files_.look();
         files_.look();
-        const long before = memory_.greatest(warmUpMinutes, warmUpMinutes * 2);
-        const long after = memory_.greatest(std::max(0.0, minutes_ - warmUpMinutes), minutes_);
         std::printf("%.0f minutes, %ld actions, ended and started again %d times\n", minutes_, actions_,
                     ends_);
         std::printf("longest time until events were served: %ld ms\n", static_cast<long>(slowest_.count()));
-        std::printf("memory:\n%s", memory_.table().c_str());
-        std::printf(
-            "greatest from minute 10 to 20: %ld MB; in the last ten: %ld MB; growth %.1f MB an hour\n",
-            before / 1024, after / 1024, memory_.growth(warmUpMinutes) / 1024);
+        for (const MemoryWatch& life : lives_) std::printf("%s", life.report().c_str());
         std::printf("loudest of %ld samples after the stop: %g\n", samples_, static_cast<double>(loudest_));
         std::printf("files: %zu, lost: %zu\n", files_.seen(), files_.losses().size());
         for (const std::string& loss : files_.losses()) std::printf("  %s\n", loss.c_str());
         bool good = files_.losses().empty();
         if (samples_ == 0 || loudest_ > quietest) good = fail("it is not silent");
-        if (before > 0 && static_cast<double>(after - before) > mostGrowth * static_cast<double>(before))
+        if (std::ranges::any_of(lives_, [](const auto& life) { return life.isLong() && !life.isFlat(); }))
             good = fail("the memory grows");
+        if (minutes_ >= leastMinutes && std::ranges::none_of(lives_, &MemoryWatch::isLong))
+            good = fail("no life of the program was long enough for its memory to be judged");
         std::printf(good ? "all held\n" : "not all held\n");
         return good;
     }
@@ -269,7 +265,7 @@ class Soak {
     RandomUser user_;
     double minutes_;
     FileWatch files_;
-    MemoryWatch memory_;
+    std::vector<MemoryWatch> lives_{MemoryWatch(0)};
     steady_clock::time_point start_ = steady_clock::now();
     double nextSample_ = 0, lastWindow_ = 0;
     long actions_ = 0, samples_ = 0;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 #include <thread>
 
@@ -36,10 +37,15 @@ long MemoryWatch::greatest(double fromMinute, double toMinute) const {
     return most;
 }
 
-double MemoryWatch::growth(double fromMinute) const {
+bool MemoryWatch::isFlat() const {
+    constexpr double mostGrowth = 0.05;
+    return static_cast<double>(latest()) <= static_cast<double>(measure()) * (1 + mostGrowth);
+}
+
+double MemoryWatch::growth() const {
     double count = 0, minutes = 0, sizes = 0, squares = 0, products = 0;
     for (const Sample& sample : samples_) {
-        if (sample.minute < fromMinute) continue;
+        if (sample.minute < warmUpMinutes) continue;
         const auto size = static_cast<double>(sample.kilobytes);
         count += 1;
         minutes += sample.minute;
@@ -49,6 +55,16 @@ double MemoryWatch::growth(double fromMinute) const {
     }
     const double spread = count * squares - minutes * minutes;
     return spread <= 0 ? 0 : (count * products - minutes * sizes) / spread * 60;
+}
+
+std::string MemoryWatch::report() const {
+    std::ostringstream text;
+    text << "memory from minute " << static_cast<int>(start_) << " on:\n" << table();
+    if (!isLong()) return text.str() + "  too short to be judged\n";
+    text << "  greatest of its minutes 10 to 20: " << measure() / 1024
+         << " MB; of its last ten: " << latest() / 1024 << " MB; growth " << std::fixed
+         << std::setprecision(1) << growth() / 1024 << " MB an hour\n";
+    return text.str();
 }
 
 std::string MemoryWatch::table() const {

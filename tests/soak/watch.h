@@ -16,22 +16,36 @@ long residentKilobytes(pid_t process);
 /// Also while nobody has asked for its end: it still has its place in /proc then.
 bool hasEnded(pid_t process);
 
-/// Memory over time: flat after the first minutes, or not.
+/// Memory of one life of the program over time: flat after the first minutes, or not.
 class MemoryWatch {
  public:
-    /// `minute` from the start, `kilobytes` resident then.
-    void add(double minute, long kilobytes) { samples_.push_back({minute, kilobytes}); }
-    /// The greatest in the span, in kilobytes; 0 without samples there.
-    long greatest(double fromMinute, double toMinute) const;
-    /// Growth by the least squares of the samples from `fromMinute` on, in kilobytes an hour.
-    double growth(double fromMinute) const;
-    std::string table() const;
+    /// `start` is the life's first minute, counted like those of the samples.
+    explicit MemoryWatch(double start) : start_(start) {}
+    /// `kilobytes` resident at `minute`, which is not before any other.
+    void add(double minute, long kilobytes) { samples_.push_back({minute - start_, kilobytes}); }
+    /// Minutes from the life's start to the last sample.
+    double length() const { return samples_.empty() ? 0 : samples_.back().minute; }
+    /// Long enough to be judged: the first ten minutes are the program's own, ten more are the measure, and
+    /// the last ten are held against it.
+    bool isLong() const { return length() >= warmUpMinutes * 3; }
+    /// Whether the last ten minutes need at most a twentieth more than the measure.
+    bool isFlat() const;
+    std::string report() const;
 
  private:
+    static constexpr double warmUpMinutes = 10;
+
+    long greatest(double fromMinute, double toMinute) const;  ///< kilobytes; 0 without samples there
+    long measure() const { return greatest(warmUpMinutes, warmUpMinutes * 2); }
+    long latest() const { return greatest(length() - warmUpMinutes, length()); }
+    double growth() const;  ///< kilobytes an hour, by the least squares of the samples after the warm-up
+    std::string table() const;
+
     struct Sample {
-        double minute;
+        double minute;  ///< from the life's start
         long kilobytes;
     };
+    double start_;
     std::vector<Sample> samples_;
 };
 
