@@ -24,6 +24,7 @@ constexpr int closeWidth = 44;     // pixels from the right
 constexpr int toolbarHeight = 90;  // pixels from the top of the main window
 constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
 constexpr int exitLeft = 226, exitRight = 270, exitTop = 32, exitBottom = 72;  // pixels, in the keyboard
+constexpr int narrowest = 300;            // pixels: the keyboard with room for all of its buttons
 constexpr std::size_t trailLength = 150;  // the end of the program takes seconds
 
 bool isFileDialog(const VisibleWindow& window) {
@@ -72,9 +73,11 @@ bool RandomUser::endsProgram(Point place) const {
                             place.y < window.y + window.height;
         const bool isClose =
             place.y < window.y + titleHeight && place.x > window.x + window.width - closeWidth;
-        const bool isExit = isKeyboard(window) && place.x > window.x + exitLeft &&
-                            place.x < window.x + exitRight && place.y > window.y + exitTop &&
-                            place.y < window.y + exitBottom;
+        // In a window that is too narrow for its buttons they lie on each other.
+        const bool overExit =
+            window.width < narrowest || (place.x > window.x + exitLeft && place.x < window.x + exitRight);
+        const bool isExit =
+            isKeyboard(window) && overExit && place.y > window.y + exitTop && place.y < window.y + exitBottom;
         if (isMain(window) || isKeyboard(window)) return inside && (isClose || isExit);
         return inside && window.popup && window.height > entryHeight * 8 &&
                place.y > window.y + window.height - entryHeight;

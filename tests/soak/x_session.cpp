@@ -17,6 +17,8 @@ namespace {
 int passOver(Display*, XErrorEvent*) { return 0; }
 
 constexpr Point placeAgain{60, 60};
+constexpr int narrowest = 200;  // pixels: less than that no window is left, by a user who sees it
+constexpr unsigned widthAgain = 700;
 
 struct Freed {
     void operator()(void* memory) const {
@@ -88,6 +90,8 @@ void XSession::restore(pid_t process) {
         if (state[0] == IconicState) activate(window);
         const auto seen = look(window, false);
         if (seen && !isReachable(*seen)) XMoveWindow(display_, window, placeAgain.x, placeAgain.y);
+        if (seen && !seen->modal && seen->width < narrowest)
+            XResizeWindow(display_, window, widthAgain, static_cast<unsigned>(seen->height));
     }
     XFlush(display_);
 }

@@ -37,7 +37,7 @@ class XSession {
     /// Those of the process, from the lowest to the one in front.
     std::vector<VisibleWindow> windowsOf(pid_t process);
     /// Brings the minimised windows of the process back, as a task bar does, and those that were moved off
-    /// the screen.
+    /// the screen. Widens those that are too narrow to be used.
     void restore(pid_t process);
     /// Gives the window the keyboard, and brings it to the front.
     void activate(Window window);
