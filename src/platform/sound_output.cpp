@@ -1,6 +1,8 @@
 #include "platform/sound_output.h"
 
 #include <atomic>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "platform/sound_source.h"
