@@ -85,11 +85,14 @@ bool RandomUser::endsProgram(Point place) const {
 }
 
 Point RandomUser::placeIn(const VisibleWindow& window) {
-    for (;;) {
-        Point place{upTo(window.width - 1), upTo(window.height - 1)};
+    constexpr int mostTries = 100;  // of a window little may be on the screen
+    for (int turn = 0;; ++turn) {
+        const bool anywhere = turn >= mostTries;
+        const Point size = anywhere ? session_.screenSize() : Point{window.width, window.height};
+        Point place{upTo(size.x - 1), upTo(size.y - 1)};
         if (isMain(window) && upTo(3) == 0) place.y = upTo(toolbarHeight);
-        place.x += window.x;
-        place.y += window.y;
+        // Windows reach past the screen, the pointer does not.
+        if (!anywhere) place = session_.onScreen({place.x + window.x, place.y + window.y});
         if (!endsProgram(place)) return place;
     }
 }

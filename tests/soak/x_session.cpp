@@ -97,9 +97,18 @@ void XSession::restore(pid_t process) {
 }
 
 bool XSession::isReachable(const VisibleWindow& window) const {
-    const int x = window.x + window.width / 2, y = window.y + window.height / 2;
-    return x >= 0 && y >= 0 && x < DisplayWidth(display_, DefaultScreen(display_)) &&
-           y < DisplayHeight(display_, DefaultScreen(display_));
+    const Point middle{window.x + window.width / 2, window.y + window.height / 2}, there = onScreen(middle);
+    return there.x == middle.x && there.y == middle.y;
+}
+
+Point XSession::screenSize() const {
+    const int screen = DefaultScreen(display_);
+    return {DisplayWidth(display_, screen), DisplayHeight(display_, screen)};
+}
+
+Point XSession::onScreen(Point place) const {
+    const Point size = screenSize();
+    return {std::clamp(place.x, 0, size.x - 1), std::clamp(place.y, 0, size.y - 1)};
 }
 
 void XSession::tell(Window window, const char* kind, const std::array<long, 3>& data, bool manager) {

@@ -41,6 +41,9 @@ class XSession {
     void restore(pid_t process);
     /// Gives the window the keyboard, and brings it to the front.
     void activate(Window window);
+    Point screenSize() const;  ///< pixels
+    /// The place of the screen next to it, which is where the pointer goes.
+    Point onScreen(Point place) const;
     void moveTo(Point place);
     /// How long the process took to answer the ping of a window manager, which it does as it serves events;
     /// nothing when it did not within `patience`. At once when it has ended, or has no window.
