@@ -222,6 +222,15 @@ TEST_F(HelpWindowTest, ASearchLeavesTheTopicsThatHaveAllItsWords) {
     EXPECT_TRUE(words.text().isEmpty());
 }
 
+TEST_F(HelpWindowTest, FindsWhatSomebodyMayLookFor) {
+    for (const char* const word :
+         {"loop", "rewind", "transpose", "mute", "exit", "line spacing", "Songs", "strumming", "Esc", "delete",
+          "undo", "WAV", "MP3", "key scheme", "tempo", "silence", "synthesizer", "sound card", "copy"}) {
+        help.findChild<QLineEdit*>("words")->setText(word);
+        EXPECT_FALSE(page.toPlainText().isEmpty()) << word;
+    }
+}
+
 TEST_F(HelpWindowTest, ALinkOpensItsTopic) {
     Q_EMIT page.anchorClicked(QUrl("60-playing.md"));
     EXPECT_EQ(topics.currentItem()->text(), "Playing");
