@@ -1,22 +1,37 @@
 #include "tutorial_fixture.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <filesystem>
 
 namespace melvane::test {
 namespace {
 
-/// Whether the action's names are ones of the program.
+/// How many numbers the operation takes: one that gets more than any does nothing but say so.
+int numbersOf(const OperationTable& operations, const LessonAction& action) {
+    const std::vector<Value> tooMany(LessonAction::mostNumbers + 2, Value(0LL));
+    const std::string told = operations.call(action.window, action.name, tooMany).error;
+    int count = -1;
+    return std::sscanf(told.c_str(), "takes %d arguments", &count) == 1 ? count : -1;
+}
+
+/// Whether the action's names are ones of the program, and an operation takes so many numbers.
 bool isKnown(const NameTables& tables, const LessonAction& action) {
     const std::string name = action.name;
     const auto& operations = tables.operations;
     switch (action.kind) {
         case LessonAction::Kind::call:
-            return operations.has(action.window, name);
+            return operations.has(action.window, name) && numbersOf(operations, action) == action.count;
         case LessonAction::Kind::put: {
             const int index = action.numbers[1];
             const auto member = index == lesson::noIndex ? std::nullopt : std::optional(index);
             return tables.controls.find(action.window, name, member) != nullptr;
         }
+        case LessonAction::Kind::show:
+            return std::ranges::any_of(operations.names(),
+                                       [window = action.window + std::string(".")](const auto& it) {
+                                           return it.starts_with(window);
+                                       });
         case LessonAction::Kind::stroke:
             return operations.has("form1", name + "_MouseDown") && operations.has("form1", name + "_MouseUp");
         default:

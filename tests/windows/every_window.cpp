@@ -9,6 +9,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "tutorial/lessons.h"
+
 namespace melvane::test {
 
 namespace {
@@ -16,11 +18,6 @@ namespace {
 template <int page>
 void openPage(Program&, QWidget& window) {
     window.findChild<QTabWidget*>("SSTab1")->setCurrentIndex(page);
-}
-
-template <int lesson>
-void openLesson(Program& program, QWidget&) {
-    program.studio().Wiz.SSTab1.set(lesson);
 }
 
 void nothing(Program&, QWidget&) {}
@@ -42,39 +39,43 @@ void editLabels(Program& program, QWidget&) { program.studio().frmsynth.Check1.u
 
 void disable(Program&, QWidget& window) { window.setEnabled(false); }
 
+void addLessons(std::vector<WindowState>& states) {
+    for (int lesson = 0; const Lesson* const table : lessons()) {
+        states.push_back({"Wiz", table->labels,
+                          [lesson](Program& program, QWidget&) { program.studio().Wiz.SSTab1.set(lesson); }});
+        ++lesson;
+    }
+}
+
 }  // namespace
 
 const std::vector<WindowState>& windowStates() {
-    static const std::vector<WindowState> states{{"form1", "Drawing", nothing},
-                                                 {"form1", "Tableau", showTableau},
-                                                 {"form1", "Effects", tickEffects},
-                                                 {"Form2", "Drawing", nothing},
-                                                 {"Form2", "Selecting", selectNotes},
-                                                 {"Form3", "Setup", openPage<0>},
-                                                 {"Form3", "Sound", openPage<1>},
-                                                 {"Form3", "Chords", openPage<2>},
-                                                 {"Form3", "Configuration", openPage<3>},
-                                                 {"Form5", "Note", nothing},
-                                                 {"FrmInst", "Lists", loadPicker},
-                                                 {"Record", "Stopped", nothing},
-                                                 {"Record", "Disabled", disable},
-                                                 {"frmLog", "Empty", nothing},
-                                                 {"Wiz", "Compose", openLesson<0>},
-                                                 {"Wiz", "Chords", openLesson<1>},
-                                                 {"Wiz", "Percussion", openLesson<2>},
-                                                 {"Wiz", "Edit", openLesson<3>},
-                                                 {"Wiz", "Midi", openLesson<4>},
-                                                 {"Wiz", "Record", openLesson<5>},
-                                                 {"Wiz", "Setup", openLesson<6>},
-                                                 {"Wiz", "QuickCompose", openLesson<7>},
-                                                 {"frminfo", "Tip", tellTip},
-                                                 {"frmsynth", "Setup", openPage<0>},
-                                                 {"frmsynth", "Compose", openPage<1>},
-                                                 {"frmsynth", "FirstSound", openPage<2>},
-                                                 {"frmsynth", "SecondSound", openPage<3>},
-                                                 {"frmsynth", "Editing", editLabels},
-                                                 {"Help", "Topics", nothing}};
-    return states;
+    static const std::vector<WindowState> all = [] {
+        std::vector<WindowState> states{{"form1", "Drawing", nothing},
+                                        {"form1", "Tableau", showTableau},
+                                        {"form1", "Effects", tickEffects},
+                                        {"Form2", "Drawing", nothing},
+                                        {"Form2", "Selecting", selectNotes},
+                                        {"Form3", "Setup", openPage<0>},
+                                        {"Form3", "Sound", openPage<1>},
+                                        {"Form3", "Chords", openPage<2>},
+                                        {"Form3", "Configuration", openPage<3>},
+                                        {"Form5", "Note", nothing},
+                                        {"FrmInst", "Lists", loadPicker},
+                                        {"Record", "Stopped", nothing},
+                                        {"Record", "Disabled", disable},
+                                        {"frmLog", "Empty", nothing},
+                                        {"frminfo", "Tip", tellTip},
+                                        {"frmsynth", "Setup", openPage<0>},
+                                        {"frmsynth", "Compose", openPage<1>},
+                                        {"frmsynth", "FirstSound", openPage<2>},
+                                        {"frmsynth", "SecondSound", openPage<3>},
+                                        {"frmsynth", "Editing", editLabels},
+                                        {"Help", "Topics", nothing}};
+        addLessons(states);
+        return states;
+    }();
+    return all;
 }
 
 void PrintTo(const WindowState& state, std::ostream* out) { *out << state.window << ' ' << state.state; }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "app/program.h"
@@ -17,9 +18,9 @@ namespace melvane::test {
 
 /// A window in one of the states in which it shows other controls.
 struct WindowState {
-    const char* window;                 ///< its given name
-    const char* state;                  ///< letters only: part of the test's name
-    void (*bring)(Program&, QWidget&);  ///< from the window's first state
+    const char* window;                             ///< its given name
+    const char* state;                              ///< letters and digits: part of the test's name
+    std::function<void(Program&, QWidget&)> bring;  ///< from the window's first state
 };
 /// How a failed test names it.
 void PrintTo(const WindowState& state, std::ostream* out);
