@@ -8,6 +8,7 @@
 #include "midi/column_notes.h"
 #include "platform/scripted_dialogs.h"
 #include "platform/virtual_time.h"
+#include "render/null_midi_port.h"
 #include "render/null_surfaces.h"
 
 namespace {
@@ -15,19 +16,11 @@ namespace {
 using namespace melvane;
 
 /// Writes each message into memory that is there already.
-class MemoryPort final : public MidiPort {
+class MemoryPort final : public NullMidiPort {
  public:
     std::vector<std::uint32_t> words = std::vector<std::uint32_t>(1 << 16);
     std::size_t used = 0;
 
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "memory"; }
-    Result midiOutOpen(Handle& handle, int) override {
-        handle = 1;
-        return ok;
-    }
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
     Result midiOutShortMsg(Handle, std::uint32_t message) override {
         words[used++ & 0xFFFF] = message;
         return ok;

@@ -5,29 +5,16 @@
 #include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
 #include "recorder/record_window.h"
+#include "render/null_midi_port.h"
+#include "render/null_windows.h"
 #include "shell/engine.h"
 #include "shell/main_window.h"
 #include "ui/floating_windows_window.h"
 
 namespace melvane::bench {
 
-class SilentPort final : public MidiPort {
+class YesDialogs final : public NullDialogs {
  public:
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "bench"; }
-    Result midiOutOpen(Handle& handle, int) override {
-        handle = 1;
-        return ok;
-    }
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
-    Result midiOutShortMsg(Handle, std::uint32_t) override { return ok; }
-};
-
-class YesDialogs final : public Dialogs {
- public:
-    FileChoice openFile(const FileQuestion&) override { return {}; }
-    FileChoice saveFile(const FileQuestion&) override { return {}; }
     BoxAnswer messageBox(BoxKind, const std::string&, const std::string&, BoxButtons) override {
         return BoxAnswer::yes;
     }
@@ -47,7 +34,7 @@ class EncodeStage {
     std::filesystem::path folder;
 
  private:
-    SilentPort port;
+    NullMidiPort port;
     SteadyClock clock;
     QtEventLoop loop{clock};
     NoMediaDevice media;

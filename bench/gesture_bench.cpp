@@ -14,6 +14,8 @@
 #include "full_score.h"
 #include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
+#include "render/null_midi_port.h"
+#include "render/null_windows.h"
 #include "shell/engine.h"
 #include "shell/main_window.h"
 #include "ui/floating_windows_window.h"
@@ -44,34 +46,17 @@ class PaintWatch : public QObject {
 };
 
 /// Notes when the first message since forget() arrived, and runs `arrived` then.
-class FirstMessagePort final : public MidiPort {
+class FirstMessagePort final : public NullMidiPort {
  public:
     std::optional<Moment> first;
     std::function<void()> arrived;
     void forget() { first.reset(); }
 
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "bench"; }
-    Result midiOutOpen(Handle& handle, int) override {
-        handle = 1;
-        return ok;
-    }
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
     Result midiOutShortMsg(Handle, std::uint32_t) override {
         if (first) return ok;
         first = now();
         if (arrived) arrived();
         return ok;
-    }
-};
-
-class NoDialogs final : public Dialogs {
- public:
-    FileChoice openFile(const FileQuestion&) override { return {}; }
-    FileChoice saveFile(const FileQuestion&) override { return {}; }
-    BoxAnswer messageBox(BoxKind, const std::string&, const std::string&, BoxButtons) override {
-        return BoxAnswer::ok;
     }
 };
 
@@ -114,18 +99,15 @@ class Stage {
     NoMediaDevice media;
     BareDesktop desktop;
     MemorySettingsStore store;
-    NoDialogs dialogs;
+    NullDialogs dialogs;
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{clock,
-                    loop,
-                    port,
-                    media,
-                    desktop,
-                    store,
-                    dialogs,
-                    Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
+    Outside outside{
+        clock,   loop,
+        port,    media,
+        desktop, store,
+        dialogs, Directories{std::filesystem::temp_directory_path() / "melvane-bench", MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
     PaintWatch watch;
     TabletView* tablet = nullptr;

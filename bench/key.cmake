@@ -1,2 +1,1 @@
 melvane_benchmark(key_bench ${CMAKE_CURRENT_LIST_DIR}/key_bench.cpp LIBRARIES benchmark::benchmark_main)
-target_include_directories(key_bench PRIVATE ${PROJECT_SOURCE_DIR}/tools)

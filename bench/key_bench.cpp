@@ -8,6 +8,7 @@
 
 #include "platform/media_error.h"
 #include "platform/virtual_time.h"
+#include "render/null_midi_port.h"
 #include "render/null_surfaces.h"
 #include "render/null_windows.h"
 #include "shell/engine.h"
@@ -17,16 +18,8 @@ namespace {
 using namespace melvane;
 
 /// Keeps when the first message since arm() came, and how many came.
-class StampingPort final : public MidiPort {
+class StampingPort final : public NullMidiPort {
  public:
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "stamps"; }
-    Result midiOutOpen(Handle& handle, int) override {
-        handle = 1;
-        return ok;
-    }
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
     Result midiOutShortMsg(Handle, std::uint32_t) override {
         if (messages++ == 0) first = clock.counter();
         return ok;

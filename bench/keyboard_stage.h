@@ -6,6 +6,8 @@
 
 #include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
+#include "render/null_midi_port.h"
+#include "render/null_windows.h"
 #include "shell/engine.h"
 #include "shell/main_window.h"
 #include "synth/keyboard_window.h"
@@ -17,30 +19,13 @@ using Moment = std::chrono::steady_clock::time_point;
 inline Moment now() { return std::chrono::steady_clock::now(); }
 
 /// Notes when each note on arrived.
-class NotePort final : public MidiPort {
+class NotePort final : public NullMidiPort {
  public:
     std::vector<Moment> notes;
 
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "bench"; }
-    Result midiOutOpen(Handle& handle, int) override {
-        handle = 1;
-        return ok;
-    }
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
     Result midiOutShortMsg(Handle, std::uint32_t message) override {
         if ((message & 0xF0U) == 0x90U) notes.push_back(now());
         return ok;
-    }
-};
-
-class NoDialogs final : public Dialogs {
- public:
-    FileChoice openFile(const FileQuestion&) override { return {}; }
-    FileChoice saveFile(const FileQuestion&) override { return {}; }
-    BoxAnswer messageBox(BoxKind, const std::string&, const std::string&, BoxButtons) override {
-        return BoxAnswer::ok;
     }
 };
 
@@ -66,7 +51,7 @@ class KeyboardStage {
     NoMediaDevice media;
     BareDesktop desktop;
     MemorySettingsStore store;
-    NoDialogs dialogs;
+    NullDialogs dialogs;
     form1 window{studio};
     FloatingWindows floatingWindows;
     Outside outside;

@@ -1,2 +1,1 @@
 melvane_benchmark(midi_bench ${CMAKE_CURRENT_LIST_DIR}/midi_bench.cpp LIBRARIES benchmark::benchmark_main)
-target_include_directories(midi_bench PRIVATE ${PROJECT_SOURCE_DIR}/tools)

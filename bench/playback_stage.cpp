@@ -14,11 +14,6 @@ constexpr std::array<int, Stage::tracks> trackNumbers{0, 1, 2, 3, 4, 5, 6, 7, 8,
 
 }  // namespace
 
-MidiPort::Result ColumnPort::midiOutOpen(Handle& handle, int) {
-    handle = 1;
-    return ok;
-}
-
 MidiPort::Result ColumnPort::midiOutShortMsg(Handle, std::uint32_t message) {
     if ((message & 0xFF) != noteOnOfTrack0) return ok;
     columns.push_back(std::chrono::steady_clock::now());

@@ -13,32 +13,20 @@
 #include "app/program.h"
 #include "platform/media_error.h"
 #include "platform/qt_event_loop.h"
+#include "render/null_midi_port.h"
+#include "render/null_windows.h"
 
 namespace melvane::bench {
 
 using Moment = std::chrono::steady_clock::time_point;
 
 /// A MIDI port that stamps the first note of each column: that of track 0, which has one in every column.
-class ColumnPort final : public MidiPort {
+class ColumnPort final : public NullMidiPort {
  public:
     std::vector<Moment> columns;
     std::function<void()> columnCame;
 
-    int midiOutGetNumDevs() override { return 1; }
-    std::string midiOutGetDevCapsA(int) override { return "bench"; }
-    Result midiOutOpen(Handle& handle, int) override;
-    Result midiOutClose(Handle) override { return ok; }
-    Result midiOutReset(Handle) override { return ok; }
     Result midiOutShortMsg(Handle, std::uint32_t message) override;
-};
-
-class NoDialogs final : public Dialogs {
- public:
-    FileChoice openFile(const FileQuestion&) override { return {}; }
-    FileChoice saveFile(const FileQuestion&) override { return {}; }
-    BoxAnswer messageBox(BoxKind, const std::string&, const std::string&, BoxButtons) override {
-        return BoxAnswer::ok;
-    }
 };
 
 /// Calls back from the event loop right after a moment, as an event of the system would come then.
@@ -87,7 +75,7 @@ class Stage {
     NoMediaDevice media;
     BareDesktop desktop;
     MemorySettingsStore store;
-    NoDialogs dialogs;
+    NullDialogs dialogs;
     Outside outside;
     Program program;
 

@@ -3,8 +3,8 @@
 
 namespace melvane {
 
-/// A device that nobody hears.
-class NullMidiPort final : public MidiPort {
+/// A device that nobody hears. Who wants to watch its messages overrides what receives them.
+class NullMidiPort : public MidiPort {
  public:
     int midiOutGetNumDevs() override { return 1; }
     std::string midiOutGetDevCapsA(int) override { return "none"; }

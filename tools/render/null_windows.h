@@ -30,7 +30,7 @@ class NullToolWindows final : public ToolWindows {
 };
 
 /// Dialogs that nobody sees: file dialogs are cancelled, boxes take their harmless answer.
-class NullDialogs final : public Dialogs {
+class NullDialogs : public Dialogs {
  public:
     FileChoice openFile(const FileQuestion&) override { return {}; }
     FileChoice saveFile(const FileQuestion&) override { return {}; }
