@@ -9,8 +9,8 @@ namespace melvane {
 namespace {
 
 // An output that asks for nothing in this many looks in a row stands still (a server that hangs, a suspended
-// device).
-constexpr unsigned looksUntilStill = 3;
+// device), and so does one that takes a second for its start: the user is told later, of what lasts.
+constexpr unsigned looksUntilStill = 3, looksUntilTold = 15;
 
 }  // namespace
 
@@ -40,7 +40,8 @@ bool OutputWatcher::look() {
         return output_ != nullptr;
     }
     if (output_->isLost()) {
-        giveToPuller(SoundCard::lostNotice);
+        giveToPuller();
+        tell(SoundCard::lostNotice);
         output_.reset();
         return false;
     }
@@ -48,7 +49,8 @@ bool OutputWatcher::look() {
     const bool moves = blocks != std::exchange(blocksSeen_, blocks);
     looksWithoutBlock_ = moves ? 0 : looksWithoutBlock_ + 1;
     if (moves && !core_->hasOutput) useOutput();
-    if (looksWithoutBlock_ == looksUntilStill && core_->hasOutput) giveToPuller(SoundCard::lostNotice);
+    if (looksWithoutBlock_ == looksUntilStill && core_->hasOutput) giveToPuller();
+    if (looksWithoutBlock_ == looksUntilTold) tell(SoundCard::lostNotice);
     return true;
 }
 
@@ -59,8 +61,9 @@ void OutputWatcher::tryToOpen() {
     output_ = opener_([stream = stream_](std::span<float> interleaved) { stream->fill(interleaved); });
     if (output_) {
         useOutput();
-    } else if (!userWasTold_) {
-        giveToPuller(SoundCard::noOutputNotice);
+    } else {
+        giveToPuller();
+        tell(SoundCard::noOutputNotice);
     }
 }
 
@@ -72,12 +75,16 @@ void OutputWatcher::useOutput() {
     if (std::exchange(userWasTold_, false)) core_->notices.emplace_back(SoundCard::backNotice);
 }
 
-void OutputWatcher::giveToPuller(const char* notice) {
+void OutputWatcher::giveToPuller() {
     const std::lock_guard lock(core_->mutex);
     core_->hasOutput = false;
     if (!core_->isEnding && !core_->puller.isPulling()) core_->puller.start(core_->clock.counter());
-    if (!std::exchange(userWasTold_, true)) core_->notices.emplace_back(notice);
     core_->changed.notify_all();
+}
+
+void OutputWatcher::tell(const char* notice) {
+    const std::lock_guard lock(core_->mutex);
+    if (!std::exchange(userWasTold_, true)) core_->notices.emplace_back(notice);
 }
 
 }  // namespace melvane

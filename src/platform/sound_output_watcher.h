@@ -54,7 +54,8 @@ class OutputWatcher {
 
     void tryToOpen();
     void useOutput();
-    void giveToPuller(const char* notice);
+    void giveToPuller();
+    void tell(const char* notice);  ///< once, until an output is there again
 
     std::shared_ptr<SoundCardCore> core_;
     SoundOutput::Opener opener_;
