@@ -4,7 +4,8 @@
 //     melvane-soak MINUTES SEED PROGRAM [ARGUMENT...]
 //
 // The display ($DISPLAY, with a window manager), the sound server and the home folder are those of the
-// environment: tests/soak/run makes private ones. The exit status is 0 when all held.
+// environment: tests/soak/run makes private ones. $MELVANE_SOAK_PRELOAD is preloaded into the program, and
+// $MELVANE_SOAK_HEAP is the file into which heap_probe.cpp writes then. The exit status is 0 when all held.
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -37,6 +38,12 @@ constexpr int actionsBetweenLooks = 20;
 constexpr double leastMinutes = 60;  // of a run that has to tell whether the memory stays
 constexpr float quietest = 1e-4F;    // of full scale: what counts as silence
 
+/// Of the environment; empty when it is not set.
+std::string textOf(const char* name) {
+    const char* const text = getenv(name);
+    return text == nullptr ? "" : text;
+}
+
 /// The program, started and watched.
 class Program {
  public:
@@ -47,6 +54,7 @@ class Program {
     void start() {
         id_ = fork();
         if (id_ != 0) return;
+        if (const char* const preloaded = getenv("MELVANE_SOAK_PRELOAD")) setenv("LD_PRELOAD", preloaded, 1);
         execvp(command_[0], command_.data());
         _exit(127);
     }
@@ -83,7 +91,8 @@ class Soak {
           program_(program),
           user_(session, seed),
           minutes_(minutes),
-          files_(getenv("HOME")) {}
+          files_(getenv("HOME")),
+          heapFile_(textOf("MELVANE_SOAK_HEAP")) {}
 
     bool run() {
         if (!begin() || !play() || !calmDown()) return false;
@@ -158,7 +167,7 @@ class Soak {
         session_.restore(program_.id());
         if (minute() >= nextSample_) {
             nextSample_ = minute() + 0.25;
-            lives_.back().add(minute(), residentKilobytes(program_.id()));
+            lives_.back().add(minute(), memoryOf(program_.id(), heapFile_));
             files_.look();
         }
         return true;
@@ -265,6 +274,7 @@ class Soak {
     RandomUser user_;
     double minutes_;
     FileWatch files_;
+    std::string heapFile_;
     std::vector<MemoryWatch> lives_{MemoryWatch(0)};
     steady_clock::time_point start_ = steady_clock::now();
     double nextSample_ = 0, lastWindow_ = 0;

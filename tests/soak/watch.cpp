@@ -14,11 +14,16 @@ namespace melvane::soak {
 
 namespace fs = std::filesystem;
 
-long residentKilobytes(pid_t process) {
+Memory memoryOf(pid_t process, const fs::path& heapFile) {
+    Memory memory;
     std::ifstream file("/proc/" + std::to_string(process) + "/statm");
-    long total = 0, resident = 0;
-    if (!(file >> total >> resident)) return 0;
-    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+    long total = 0, pages = 0;
+    if (file >> total >> pages) memory.resident = pages * (sysconf(_SC_PAGESIZE) / 1024);
+    std::ifstream heap(heapFile);
+    pid_t owner = 0;
+    long bytes = 0;
+    if (heap >> owner >> bytes && owner == process) memory.allocated = bytes / 1024;
+    return memory;
 }
 
 bool hasEnded(pid_t process) {
@@ -29,24 +34,29 @@ bool hasEnded(pid_t process) {
     return name == std::string::npos || line[name + 2] == 'Z' || line[name + 2] == 'X';
 }
 
-long MemoryWatch::greatest(double fromMinute, double toMinute) const {
+MemoryWatch::Kind MemoryWatch::judged() const {
+    return measure(&Memory::allocated) > 0 ? &Memory::allocated : &Memory::resident;
+}
+
+long MemoryWatch::greatest(Kind kind, double fromMinute, double toMinute) const {
     long most = 0;
     for (const Sample& sample : samples_) {
-        if (sample.minute >= fromMinute && sample.minute <= toMinute) most = std::max(most, sample.kilobytes);
+        if (sample.minute >= fromMinute && sample.minute <= toMinute)
+            most = std::max(most, sample.memory.*kind);
     }
     return most;
 }
 
 bool MemoryWatch::isFlat() const {
     constexpr double mostGrowth = 0.05;
-    return static_cast<double>(latest()) <= static_cast<double>(measure()) * (1 + mostGrowth);
+    return static_cast<double>(latest(judged())) <= static_cast<double>(measure(judged())) * (1 + mostGrowth);
 }
 
-double MemoryWatch::growth() const {
+double MemoryWatch::growth(Kind kind) const {
     double count = 0, minutes = 0, sizes = 0, squares = 0, products = 0;
     for (const Sample& sample : samples_) {
         if (sample.minute < warmUpMinutes) continue;
-        const auto size = static_cast<double>(sample.kilobytes);
+        const auto size = static_cast<double>(sample.memory.*kind);
         count += 1;
         minutes += sample.minute;
         sizes += size;
@@ -57,14 +67,19 @@ double MemoryWatch::growth() const {
     return spread <= 0 ? 0 : (count * products - minutes * sizes) / spread * 60;
 }
 
+std::string MemoryWatch::summary(const char* name, Kind kind) const {
+    std::ostringstream text;
+    text << "  " << name << ": greatest of its minutes 10 to 20: " << measure(kind) / 1024
+         << " MB; of its last ten: " << latest(kind) / 1024 << " MB; growth " << std::fixed
+         << std::setprecision(1) << growth(kind) / 1024 << " MB an hour\n";
+    return text.str();
+}
+
 std::string MemoryWatch::report() const {
     std::ostringstream text;
     text << "memory from minute " << static_cast<int>(start_) << " on:\n" << table();
     if (!isLong()) return text.str() + "  too short to be judged\n";
-    text << "  greatest of its minutes 10 to 20: " << measure() / 1024
-         << " MB; of its last ten: " << latest() / 1024 << " MB; growth " << std::fixed
-         << std::setprecision(1) << growth() / 1024 << " MB an hour\n";
-    return text.str();
+    return text.str() + summary("allocated", &Memory::allocated) + summary("resident", &Memory::resident);
 }
 
 std::string MemoryWatch::table() const {
@@ -72,7 +87,8 @@ std::string MemoryWatch::table() const {
     double next = 0;
     for (const Sample& sample : samples_) {
         if (sample.minute < next) continue;
-        text << "  minute " << static_cast<int>(sample.minute) << ": " << sample.kilobytes / 1024 << " MB\n";
+        text << "  minute " << static_cast<int>(sample.minute) << ": " << sample.memory.allocated / 1024
+             << " MB allocated, " << sample.memory.resident / 1024 << " MB resident\n";
         next = sample.minute + 5;
     }
     return text.str();

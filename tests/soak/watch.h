@@ -10,8 +10,13 @@
 
 namespace melvane::soak {
 
-/// Resident memory of the process, in kilobytes; 0 when it is gone.
-long residentKilobytes(pid_t process);
+/// Kilobytes of a process.
+struct Memory {
+    long allocated = 0;  ///< and not freed; 0 where nobody tells it
+    long resident = 0;
+};
+/// `heapFile` is what heap_probe.cpp writes.
+Memory memoryOf(pid_t process, const std::filesystem::path& heapFile);
 
 /// Also while nobody has asked for its end: it still has its place in /proc then.
 bool hasEnded(pid_t process);
@@ -21,30 +26,35 @@ class MemoryWatch {
  public:
     /// `start` is the life's first minute, counted like those of the samples.
     explicit MemoryWatch(double start) : start_(start) {}
-    /// `kilobytes` resident at `minute`, which is not before any other.
-    void add(double minute, long kilobytes) { samples_.push_back({minute - start_, kilobytes}); }
+    /// What it was at `minute`, which is not before any other.
+    void add(double minute, Memory memory) { samples_.push_back({minute - start_, memory}); }
     /// Minutes from the life's start to the last sample.
     double length() const { return samples_.empty() ? 0 : samples_.back().minute; }
     /// Long enough to be judged: the first ten minutes are the program's own, ten more are the measure, and
     /// the last ten are held against it.
     bool isLong() const { return length() >= warmUpMinutes * 3; }
-    /// Whether the last ten minutes need at most a twentieth more than the measure.
+    /// Whether at most a twentieth more than the measure was allocated in the last ten minutes. What is
+    /// resident counts where nobody tells that: the sanitizers' own books are in it, and grow.
     bool isFlat() const;
     std::string report() const;
 
  private:
     static constexpr double warmUpMinutes = 10;
 
-    long greatest(double fromMinute, double toMinute) const;  ///< kilobytes; 0 without samples there
-    long measure() const { return greatest(warmUpMinutes, warmUpMinutes * 2); }
-    long latest() const { return greatest(length() - warmUpMinutes, length()); }
-    double growth() const;  ///< kilobytes an hour, by the least squares of the samples after the warm-up
-    std::string table() const;
-
+    using Kind = long Memory::*;
     struct Sample {
         double minute;  ///< from the life's start
-        long kilobytes;
+        Memory memory;
     };
+
+    Kind judged() const;
+    long greatest(Kind kind, double fromMinute, double toMinute) const;  ///< 0 without samples there
+    long measure(Kind kind) const { return greatest(kind, warmUpMinutes, warmUpMinutes * 2); }
+    long latest(Kind kind) const { return greatest(kind, length() - warmUpMinutes, length()); }
+    double growth(Kind kind) const;  ///< an hour, by the least squares of the samples after the warm-up
+    std::string summary(const char* name, Kind kind) const;
+    std::string table() const;
+
     double start_;
     std::vector<Sample> samples_;
 };
