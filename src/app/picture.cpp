@@ -61,8 +61,8 @@ int savePicture(const CommandLine& line) {
     MemorySettingsStore settings;
     SilentSystem sound(clock);
     BareDesktop desktop;
-    Outside outside{
-        clock, loop, sound.port(), sound.media(), desktop, settings, dialogs, {folder.path().toStdString(), {}}};
+    Outside outside{clock,   loop,     sound.port(), sound.media(),
+                    desktop, settings, dialogs,      {folder.path().toStdString(), {}}};
     Program program(outside);
     program.start();
     if (!line.score.empty()) program.openScore(line.score);

@@ -9,10 +9,11 @@ namespace melvane {
 /// channel cannot be hidden.
 void pressChannelButton(Studio& studio, int track);
 
-/// "Channel 1" to "Channel 8", "Percussion Channel 1" to "Percussion Channel 4"; empty for a track that is not
-/// offered.
+/// "Channel 1" to "Channel 8", "Percussion Channel 1" to "Percussion Channel 4"; empty for a track that is
+/// not offered.
 std::string channelCaption(int track);
-/// The tool tip of the channel's button. Those of the percussion channels bear other numbers than the channels.
+/// The tool tip of the channel's button. Those of the percussion channels bear other numbers than the
+/// channels.
 std::string channelTip(int track);
 
 /// The name of the toolbar's channel, the numbers beside its effect sliders, and their knobs.

@@ -7,7 +7,9 @@ std::int32_t TextList::held(int index) const {
     return at < front_.size() ? front_[at] : back_[fromBehind(at)];
 }
 
-std::size_t TextList::fromBehind(std::size_t index) const { return back_.size() - 1 - (index - front_.size()); }
+std::size_t TextList::fromBehind(std::size_t index) const {
+    return back_.size() - 1 - (index - front_.size());
+}
 
 TextList::Item TextList::at(int index) const {
     if (!has(index)) return std::nullopt;

@@ -4,9 +4,9 @@
 #include <bit>
 
 #include "core/names.h"
+#include "core/song_walk.h"
 #include "files/midi_layout.h"
 #include "files/midi_track_walk.h"
-#include "core/song_walk.h"
 #include "platform/files.h"
 
 namespace melvane {

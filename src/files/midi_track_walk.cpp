@@ -1,8 +1,8 @@
 #include "files/midi_track_walk.h"
 
+#include "core/song_walk.h"
 #include "files/midi_bytes.h"
 #include "files/midi_sound.h"
-#include "core/song_walk.h"
 
 namespace melvane {
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "core/studio.h"
 #include "core/song_walk.h"
+#include "core/studio.h"
 #include "midi/sounding.h"
 
 namespace melvane {

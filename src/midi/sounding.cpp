@@ -1,7 +1,7 @@
 #include "midi/sounding.h"
 
-#include "core/names.h"
 #include "core/instrument_names.h"
+#include "core/names.h"
 #include "midi/messages.h"
 
 namespace melvane {

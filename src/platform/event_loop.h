@@ -17,8 +17,8 @@ class EventLoop {
     virtual void Idle() = 0;
     /// Runs the whole message queue once.
     virtual void runQueue() = 0;
-    /// The turn of the interface between two of very many short steps. Where a look at the queue costs as much
-    /// as a step, only the first of those within a few milliseconds is one.
+    /// The turn of the interface between two of very many short steps. Where a look at the queue costs as
+    /// much as a step, only the first of those within a few milliseconds is one.
     virtual void turn() { runQueue(); }
     /// Serves events until Clock::counter() reaches `counter`. A moment in the past returns after one look at
     /// the queue.

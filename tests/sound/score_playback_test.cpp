@@ -95,7 +95,8 @@ class ScorePlayback : public testing::Test {
     BareDesktop desktop;
     MemorySettingsStore settings;
     QtDialogs dialogs{loop};
-    Outside outside{clock, loop, port, media, desktop, settings, dialogs, Directories{folder.path(), folder.path()}};
+    Outside outside{clock,   loop,     port,    media,
+                    desktop, settings, dialogs, Directories{folder.path(), folder.path()}};
 };
 
 TEST_F(ScorePlayback, EveryNoteIsHeardInItsTimeAndAtItsPitch) {

@@ -153,7 +153,8 @@ class ProgramTest : public testing::Test {
     PlainFrame frame;
     RecordingToolWindows toolWindows;
     Studio studio;
-    Outside outside{time, time, port, media, desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{time,    time,  port,    media,
+                    desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 

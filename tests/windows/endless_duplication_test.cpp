@@ -80,7 +80,8 @@ class EndlessDuplication : public testing::Test {
     Studio studio;
     form1 window{studio};
     FloatingWindows floatingWindows;
-    Outside outside{clock, loop, port, media, desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
+    Outside outside{clock,   loop,  port,    media,
+                    desktop, store, dialogs, Directories{folder.path(), MELVANE_RESOURCES}};
     Engine engine{studio, outside, window, window, floatingWindows};
     Form2* toolbar = nullptr;
     int turns = 0;

@@ -223,9 +223,9 @@ TEST_F(HelpWindowTest, ASearchLeavesTheTopicsThatHaveAllItsWords) {
 }
 
 TEST_F(HelpWindowTest, FindsWhatSomebodyMayLookFor) {
-    for (const char* const word :
-         {"loop", "rewind", "transpose", "mute", "exit", "line spacing", "Songs", "strumming", "Esc", "delete",
-          "undo", "WAV", "MP3", "key scheme", "tempo", "silence", "synthesizer", "sound card", "copy"}) {
+    for (const char* const word : {"loop", "rewind", "transpose", "mute", "exit", "line spacing", "Songs",
+                                   "strumming", "Esc", "delete", "undo", "WAV", "MP3", "key scheme", "tempo",
+                                   "silence", "synthesizer", "sound card", "copy"}) {
         help.findChild<QLineEdit*>("words")->setText(word);
         EXPECT_FALSE(page.toPlainText().isEmpty()) << word;
     }

@@ -35,14 +35,8 @@ void serveToolkit() {
 
 StudioHost::StudioHost(ScriptedWorld& world, const std::filesystem::path& resources)
     : world_(world),
-      outside_{world.time,
-               world.time,
-               world.port,
-               world.media,
-               world.desktop,
-               world.settings,
-               world.dialogs,
-               {world.program, resources}},
+      outside_{world.time,    world.time,     world.port,    world.media,
+               world.desktop, world.settings, world.dialogs, {world.program, resources}},
       menus_(world.menus) {
     world.time.serveToolkit = serveToolkit;
     qApp->installEventFilter(this);

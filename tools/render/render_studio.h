@@ -32,7 +32,8 @@ class RenderStudio {
     NullToolWindows toolWindows;
     Studio studio;
     // No folder can be made below a device.
-    Outside outside{time, time, port, media, desktop, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
+    Outside outside{time,    time,     port,    media,
+                    desktop, settings, dialogs, Directories{"/dev/null", "/dev/null"}};
     Engine engine{studio, outside, surfaces, frame, toolWindows};
 };
 
