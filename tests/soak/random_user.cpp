@@ -19,10 +19,10 @@ constexpr std::array commands{"F4", "F5", "F5", "F5", "F6", "F7", "F7", "F8", "F
 constexpr std::array inMenus{"Escape", "Left", "Right"};
 constexpr std::array fileNames{"one", "two", "three", "four", "five"};
 
-constexpr int titleHeight = 32;    // pixels: the frame's own, with its buttons
-constexpr int closeWidth = 44;     // pixels from the right
-constexpr int toolbarHeight = 90;  // pixels from the top of the main window
-constexpr int entryHeight = 34;    // pixels: the last entry of the longest menu is the program's end
+constexpr int titleHeight = 32;                        // pixels: the frame's own, with its buttons
+constexpr int closeWidth = 44;                         // pixels from the right
+constexpr int toolbarHeight = 90, toolbarMiddle = 50;  // pixels from the top of the main window
+constexpr int entryHeight = 34;  // pixels: the last entry of the longest menu is the program's end
 constexpr int exitLeft = 226, exitRight = 270, exitTop = 32, exitBottom = 72;  // pixels, in the keyboard
 constexpr int narrowest = 300;            // pixels: the keyboard with room for all of its buttons
 constexpr std::size_t trailLength = 150;  // the end of the program takes seconds
@@ -144,8 +144,11 @@ void RandomUser::answerFileDialog() {
 }
 
 void RandomUser::openToolWindow(const VisibleWindow& main) {
+    const Point button =
+        session_.onScreen({main.x + 20 + upTo(main.width - 2 * closeWidth), main.y + toolbarMiddle});
+    if (endsProgram(button)) return;  // the keyboard lies over it
     note("toolbar");
-    session_.moveTo({main.x + 20 + upTo(main.width - 2 * closeWidth), main.y + 50});
+    session_.moveTo(button);
     session_.press(1);
     session_.release(1);
 }
