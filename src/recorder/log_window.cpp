@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "ui/qt_bindings.h"
+#include "ui/qt_text_page.h"
 
 namespace melvane {
 
@@ -26,6 +27,7 @@ frmLog::frmLog(Studio& studio, RecorderWindowCommands& commands, QWidget* parent
     page->setAccessibleName("Recording Log");
     page->setReadOnly(true);
     page->setTabChangesFocus(true);
+    keepTextInPlace(*page);
     page->setPlaceholderText("Nothing was recorded yet.");
     bindShown(*page, studio.frmLog.Text1, [page, &studio] {
         page->setPlainText(QString::fromStdString(studio.frmLog.Text1.text()));

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "ui/qt_style.h"
+#include "ui/qt_text_page.h"
 
 namespace melvane {
 
@@ -69,6 +70,7 @@ HelpWindow::HelpWindow(Studio& studio, QWidget* parent)
     page_->setAccessibleName("Topic");
     page_->setOpenLinks(false);
     page_->document()->setDocumentMargin(pageMargin);
+    keepTextInPlace(*page_);
     connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { showTopic(link.path()); });
     topics_->setCurrentRow(0);
     resize(sizeAround(usualSize));

@@ -231,6 +231,21 @@ TEST_F(HelpWindowTest, FindsWhatSomebodyMayLookFor) {
     }
 }
 
+TEST_F(HelpWindowTest, ItsTextCanBeSelectedAndNotDraggedAway) {
+    help.show();
+    page.selectAll();
+    const QPoint middle = page.viewport()->rect().center();
+    QTest::mousePress(page.viewport(), Qt::LeftButton, Qt::ShiftModifier, middle);
+    EXPECT_TRUE(page.textCursor().hasSelection());
+    QTest::mouseRelease(page.viewport(), Qt::LeftButton, Qt::ShiftModifier, middle);
+    page.selectAll();
+    QTest::mousePress(page.viewport(), Qt::LeftButton, {}, middle);
+    EXPECT_FALSE(page.textCursor().hasSelection());
+    QTest::mouseMove(page.viewport(), middle + QPoint(0, 40));
+    QTest::mouseRelease(page.viewport(), Qt::LeftButton, {}, middle + QPoint(0, 40));
+    EXPECT_TRUE(page.textCursor().hasSelection());
+}
+
 TEST_F(HelpWindowTest, ALinkOpensItsTopic) {
     Q_EMIT page.anchorClicked(QUrl("60-playing.md"));
     EXPECT_EQ(topics.currentItem()->text(), "Playing");
