@@ -35,6 +35,7 @@ constexpr milliseconds patience{60000};  // the sanitizers make everything slow
 constexpr seconds startPatience{120};
 constexpr seconds endPatience{120};
 constexpr int actionsBetweenLooks = 20;
+constexpr int mostActionsOnDialog = 400;
 constexpr double leastMinutes = 60;  // of a run that has to tell whether the memory stays
 constexpr float quietest = 1e-4F;    // of full scale: what counts as silence
 
@@ -140,11 +141,22 @@ class Soak {
             if (windows.empty() && minute() > lastWindow_ + 1)
                 return fail("no window has been there for a minute");
             if (!windows.empty()) lastWindow_ = minute();
+            if (!dialogsClose(windows)) return false;
             user_.act(windows);
             std::this_thread::sleep_for(milliseconds(20 + actions_ % 60));
             if (++actions_ % actionsBetweenLooks == 0 && !look()) return false;
         }
         return true;
+    }
+
+    /// A dialog is closed by some of the first dozens of actions upon it.
+    bool dialogsClose(const std::vector<VisibleWindow>& windows) {
+        const auto dialog = std::ranges::find_if(windows, &VisibleWindow::modal);
+        const unsigned long id = dialog == windows.end() ? 0 : dialog->id;
+        actionsOnDialog_ = id != 0 && id == dialog_ ? actionsOnDialog_ + 1 : 0;
+        dialog_ = id;
+        return actionsOnDialog_ < mostActionsOnDialog ||
+               fail("the dialog '" + dialog->title + "' does not close; " + session_.inputState());
     }
 
     /// The user found the way out after all: that is no fault, as long as the end was a good one.
@@ -202,7 +214,8 @@ class Soak {
         for (const auto& it : session_.windowsOf(program_.id()))
             std::printf("  '%s' %dx%d, popup %d, modal %d\n", it.title.c_str(), it.width, it.height, it.popup,
                         it.modal);
-        return fail(program_.isRunning() ? "it did not come to rest" : "it ended with " + program_.end());
+        return fail(program_.isRunning() ? "it did not come to rest; " + session_.inputState()
+                                         : "it ended with " + program_.end());
     }
 
     bool stopAll(const VisibleWindow& main) {
@@ -279,7 +292,8 @@ class Soak {
     steady_clock::time_point start_ = steady_clock::now();
     double nextSample_ = 0, lastWindow_ = 0;
     long actions_ = 0, samples_ = 0;
-    int ends_ = 0;
+    int ends_ = 0, actionsOnDialog_ = 0;
+    unsigned long dialog_ = 0;
     float loudest_ = 0;
     milliseconds slowest_{0};
 };

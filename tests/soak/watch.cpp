@@ -95,7 +95,6 @@ std::string MemoryWatch::table() const {
 }
 
 std::map<std::string, FileWatch::File> FileWatch::filesIn(const fs::path& folder) {
-    constexpr std::array<std::string_view, 4> kept{".sng", ".mid", ".mp3", ".key"};
     std::map<std::string, File> files;
     std::error_code error;
     for (fs::recursive_directory_iterator at(folder, error), end; at != end; at.increment(error)) {
@@ -103,10 +102,14 @@ std::map<std::string, FileWatch::File> FileWatch::filesIn(const fs::path& folder
         const fs::path& path = at->path();
         struct stat status {};
         if (path.parent_path().filename() == "media" || stat(path.c_str(), &status) != 0) continue;
-        if (std::ranges::find(kept, path.extension().string()) != kept.end())
-            files[path.string()] = {static_cast<std::uintmax_t>(status.st_size), status.st_ino};
+        files[path.string()] = {static_cast<std::uintmax_t>(status.st_size), status.st_ino};
     }
     return files;
+}
+
+bool FileWatch::isKept(const std::string& name) {
+    constexpr std::array<std::string_view, 4> kept{".sng", ".mid", ".mp3", ".key"};
+    return std::ranges::any_of(kept, [&name](std::string_view ending) { return name.ends_with(ending); });
 }
 
 bool FileWatch::wasMoved(const File& file, const std::map<std::string, File>& now) const {
@@ -116,6 +119,7 @@ bool FileWatch::wasMoved(const File& file, const std::map<std::string, File>& no
 void FileWatch::look() {
     auto now = filesIn(folder_);
     for (const auto& [name, file] : seen_) {
+        if (!isKept(name)) continue;
         const auto found = now.find(name);
         if (found != now.end()) {
             if (found->second.size == 0 && file.size > 0 && !name.ends_with(".mp3"))

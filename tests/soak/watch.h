@@ -77,6 +77,7 @@ class FileWatch {
         bool missed = false;    // at the last look: it may be in the middle of being replaced
     };
     static std::map<std::string, File> filesIn(const std::filesystem::path& folder);
+    static bool isKept(const std::string& name);
     bool wasMoved(const File& file, const std::map<std::string, File>& now) const;
 
     std::filesystem::path folder_;

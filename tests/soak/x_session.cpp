@@ -17,7 +17,7 @@ namespace {
 int passOver(Display*, XErrorEvent*) { return 0; }
 
 constexpr Point placeAgain{60, 60};
-constexpr int narrowest = 200;  // pixels: less than that no window is left, by a user who sees it
+constexpr int narrowest = 320;  // pixels: less than that no window is left, by a user who sees it
 constexpr unsigned widthAgain = 700;
 
 struct Freed {
@@ -173,6 +173,21 @@ void XSession::releaseKey(const std::string& name) {
     const KeyCode code = XKeysymToKeycode(display_, XStringToKeysym(name.c_str()));
     if (code != 0) XTestFakeKeyEvent(display_, code, False, CurrentTime);
     XFlush(display_);
+}
+
+std::string XSession::inputState() {
+    Window focused = 0;
+    int unused = 0;
+    XGetInputFocus(display_, &focused, &unused);
+    const int pointer =
+        XGrabPointer(display_, root_, False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime);
+    const int keyboard = XGrabKeyboard(display_, root_, False, GrabModeAsync, GrabModeAsync, CurrentTime);
+    XUngrabPointer(display_, CurrentTime);
+    XUngrabKeyboard(display_, CurrentTime);
+    XFlush(display_);
+    return "the keyboard is at '" + titleOf(focused) + "', the pointer is " +
+           (pointer == GrabSuccess ? "free" : "held") + ", the keyboard is " +
+           (keyboard == GrabSuccess ? "free" : "held");
 }
 
 void XSession::close(Window window) {

@@ -54,6 +54,9 @@ class XSession {
     /// Under its name in the X protocol ("F5", "a", "Return"); one that the keyboard lacks does nothing.
     void pressKey(const std::string& name);
     void releaseKey(const std::string& name);
+    /// Who has the keyboard, and whether somebody holds the pointer or the keyboard for itself; for a
+    /// failure.
+    std::string inputState();
     /// Asks the window to close, as the window manager's button does.
     void close(Window window);
 
