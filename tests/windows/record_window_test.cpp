@@ -300,6 +300,24 @@ TEST_F(RecordWindow, TheLogsWindowShowsTheLog) {
     EXPECT_EQ(page->toPlainText(), "00:00:00  first\n00:00:00  second\n");
 }
 
+TEST_F(RecordWindow, TheLogsTextCanBeSelectedAndNotDraggedAway) {
+    engine.recorder.log.add("first");
+    press("CmdLog");
+    ASSERT_NE(log, nullptr);
+    auto* const page = log->findChild<QPlainTextEdit*>("Text1");
+    page->selectAll();
+    const QPoint middle = page->cursorRect(page->document()->find("first")).center();
+    QTest::mousePress(page->viewport(), Qt::LeftButton, Qt::ShiftModifier, middle);
+    EXPECT_TRUE(page->textCursor().hasSelection());
+    QTest::mouseRelease(page->viewport(), Qt::LeftButton, Qt::ShiftModifier, middle);
+    page->selectAll();
+    QTest::mousePress(page->viewport(), Qt::LeftButton, {}, middle);
+    EXPECT_FALSE(page->textCursor().hasSelection());
+    QTest::mouseMove(page->viewport(), middle - QPoint(40, 0));
+    QTest::mouseRelease(page->viewport(), Qt::LeftButton, {}, middle - QPoint(40, 0));
+    EXPECT_TRUE(page->textCursor().hasSelection());
+}
+
 TEST_F(RecordWindow, ClosingAndOpeningItBeginsAnewAtItsPlace) {
     record->move(30, 40);
     QCoreApplication::processEvents();
