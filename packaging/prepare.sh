@@ -1,4 +1,5 @@
-# Sourced by ./run, ./test and bench/run from the project's root: installs what is missing and builds.
+# Sourced by ./run, ./test, bench/run, tests/soak/run and packaging/build-deb from the project's root: installs what is
+# missing and builds.
 # Nothing here reads standard input, and every failure is one line on standard error.
 
 fail() {

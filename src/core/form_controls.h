@@ -6,7 +6,8 @@
 #include "core/controls.h"
 #include "core/editing_controls.h"
 
-/// The controls of the main window and of the Setup toolbar whose contents the engine reads or sets.
+/// The controls whose contents the engine reads or sets: of the main window, the Setup toolbar, the note
+/// test, the menus and the instrument picker.
 namespace melvane {
 
 struct MainControls {

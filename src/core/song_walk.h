@@ -11,7 +11,8 @@ constexpr Int16 playedState(int cellValue) {
 }
 
 /// SongEndColumn becomes one past the last used column of the tracks that are not hidden; 0 for a score that
-/// is empty or has notes in column 0 alone.
+/// is empty or has notes in column 0 alone. A track that ends just one column after the longest before it
+/// does not count.
 void findSongEnd(Studio& studio);
 
 }  // namespace melvane

@@ -18,7 +18,7 @@ class ColumnNotes {
     void PlayNotes();
     /// Ends what the last column left sounding.
     void stopVisibleNotes();
-    /// SongEndColumn: one past the last used column of the tracks that are not hidden.
+    /// findSongEnd().
     void FindSongEnd() { findSongEnd(studio_); }
 
     void listNames(NameTables& tables);

@@ -15,8 +15,8 @@ const KeyLabels& defaultKeyLabels();
 
 /// Reads the first 44 lines and nothing behind them. A line is the label as it stands, blanks included; of a
 /// line of more than 32767 characters the first are taken. Keys without a line take the last line there is,
-/// or nothing where there is none. Lines end in CR LF, LF or CR. A file whose bytes are UTF-8 throughout is
-/// taken so, any other as 8-bit characters.
+/// or nothing where there is none. Lines end in CR LF, LF or CR. When the bytes of these lines are UTF-8
+/// they are taken so, without a byte order mark, else as 8-bit characters.
 KeyLabels readKeyScheme(std::istream& file);
 /// Empty labels when the file cannot be opened.
 KeyLabels readKeySchemeFile(const std::string& path);

@@ -38,8 +38,7 @@ class FramedWindow : public QWidget {
     void useSettings(const Settings& settings);
     /// Its queue is run after a resize by the mouse; without it the resize is all.
     void useLoop(EventLoop& loop) { loop_ = &loop; }
-    /// The title bar's help button acts only with it.
-    /// What the help button and F1 do.
+    /// What the title bar's help button and F1 do; without it neither acts.
     void setHelp(std::function<void()> help);
 
     QWidget* client() { return client_; }
