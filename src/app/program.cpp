@@ -45,7 +45,13 @@ Program::Program(Outside& outside)
     listWindows();
 }
 
-Program::~Program() { outside_.loop.stopTimer(helpTimer_); }
+/// The main window goes after the engine, so the windows that it owns and that let go of the engine go first.
+Program::~Program() {
+    outside_.loop.stopTimer(helpTimer_);
+    for (auto* const window : window_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (window->isWindow() && window != &picker_ && window != &menus_) delete window;
+    }
+}
 
 void Program::joinFrame(FramedWindow& window) {
     window.useSettings(engine_.settings);

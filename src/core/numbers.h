@@ -23,11 +23,11 @@ inline double roundTiesToEven(double value) {
 /// Rounds (ties to even) and narrows; nothing when the result does not fit `Whole`.
 template <std::integral Whole>
 std::optional<Whole> narrowed(double value) {
+    // A power of two, which is exact where the largest value is not.
+    constexpr double end = 2.0 * static_cast<double>(Whole{1} << (std::numeric_limits<Whole>::digits - 1));
     const double whole = roundTiesToEven(value);
-    if (!(whole >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
-          whole <= static_cast<double>(std::numeric_limits<Whole>::max()))) {
+    if (!(whole >= static_cast<double>(std::numeric_limits<Whole>::min()) && whole < end))
         return std::nullopt;
-    }
     return static_cast<Whole>(whole);
 }
 

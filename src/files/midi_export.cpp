@@ -29,13 +29,13 @@ int lastElement(std::int32_t size) { return std::clamp<std::int32_t>(size, 0, Mi
 }  // namespace
 
 void MidiExport::MidiFile() {
-    const Built file = fillBuffer();
-    // The pause of the deletion serves events, and one of them may choose another name.
+    // The pause of the deletion serves events: the grids are whole again before it, and it may choose another
+    // name.
+    const Built file = build();
     const std::string path = studio_.score.SaveFileName;
     // The test is this way round on purpose: what exists is not deleted.
     if (!files_.FileExists(path)) files_.DeleteFileAndWait(path);
     overwriteFile(path, file.bytes);
-    voices_.cleanUp();
 }
 
 MidiExport::Built MidiExport::build() {

@@ -42,9 +42,10 @@ class ErrorsTo {
 /// one that plays or records.
 bool hasAlsaDevice(SoundStream::Way way) {
     const char direction = way == SoundStream::Way::plays ? 'p' : 'c';
-    std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator("/dev/snd", none)) {
-        const std::string name = entry.path().filename().string();
+    std::error_code failed;
+    for (std::filesystem::directory_iterator entry("/dev/snd", failed), end; !failed && entry != end;
+         entry.increment(failed)) {
+        const std::string name = entry->path().filename().string();
         if (name.starts_with("pcm") && name.ends_with(direction)) return true;
     }
     return false;

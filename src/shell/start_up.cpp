@@ -169,10 +169,13 @@ void StartUp::Form_Unload() {
     studio_.shell.Ending = true;
     if (hidden_.setup) studio_.shell.Form3Open = true;  // only the keyboard has hidden it
     parts_.output.CloseMidi();
-    parts_.score.ClearNoteArrays();
     storePlace(frame_.place());
     parts_.settings.save("Percussion", studio_.form1.Beatbox.visible());
+    // Removing the files serves events: nobody works on in a window that closes, and nobody saves an empty
+    // score.
+    frame_.hide();
     parts_.files.RemoveMediaFiles();
+    parts_.score.ClearNoteArrays();
     toolWindows_.unloadAll();
     if (studio_.Form3.loaded) parts_.setup.Form_Unload();  // it may never have been shown
     outside_.loop.end();

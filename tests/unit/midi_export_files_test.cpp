@@ -254,6 +254,19 @@ TEST_F(MidiFileTest, AnExportDuringThePauseOfAnotherGoesToItsOwnFile) {
     EXPECT_GT(readFile(first).value_or("").size(), 197U);
 }
 
+TEST_F(MidiFileTest, AScoreOpenedInThePauseIsLeftAlone) {
+    write(0, 0, 60, 4, 0);
+    score.PolyArray.set(1, 1, 2);
+    score.TopPolyTrack = 0;
+    score.UsedTrackCount = 1;
+    time.at(100, [this] {
+        EXPECT_EQ(score.noteCell(1, 0), cell::empty);
+        for (const int track : {1, 2, 3}) score.NoteArray.set(track, 2, 50);
+    });
+    exportTo(folder.file("chord.mid"));
+    for (const int track : {1, 2, 3}) EXPECT_EQ(score.noteCell(track, 2), 50) << track;
+}
+
 TEST_F(MidiFileTest, DeletingAndWaitingLeavesWhatIsNoFile) {
     fs::create_symlink("/dev/null", folder.path() / "device");
     fs::create_directory(folder.path() / "folder");

@@ -24,6 +24,15 @@ TEST(Numbers, AValueBeyondSixteenBitsIsNotAssigned) {
     EXPECT_FALSE(assign(held, std::nan("")));
 }
 
+TEST(Numbers, TheFirstValueBeyondAnyWidthIsNotAssigned) {
+    const double behind32 = 2147483648.0, behind64 = 9223372036854775808.0;  // 2^31, 2^63
+    EXPECT_EQ(narrowed<std::int32_t>(behind32 - 1), 2147483647);
+    EXPECT_EQ(narrowed<std::int32_t>(behind32), std::nullopt);
+    EXPECT_EQ(narrowed<std::int64_t>(behind64), std::nullopt);
+    EXPECT_EQ(narrowed<std::int64_t>(-behind64), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(narrowed<std::int64_t>(-1e19), std::nullopt);
+}
+
 TEST(Numbers, TheLeadingNumberOfATextIsRead) {
     EXPECT_EQ(leadingNumber(" 70 "), 70);
     EXPECT_EQ(leadingNumber("-12abc"), -12);

@@ -79,15 +79,15 @@ class RecordingSurfaces final : public Surfaces {
 class PlainFrame final : public MainFrame {
  public:
     WindowPlace at{0, 0, 9000, 6000};
-    bool unloaded = false;
+    bool hidden = false, unloaded = false;
 
     double screenWidth() const override { return 1280 * twipsAPixel; }
     double screenHeight() const override { return 1024 * twipsAPixel; }
     WindowPlace place() const override { return at; }
     void setPlace(const WindowPlace& place) override { at = place; }
     void ApplySkin() override {}
-    void show() override {}
-    void hide() override {}
+    void show() override { hidden = false; }
+    void hide() override { hidden = true; }
     void unload() override { unloaded = true; }
 };
 

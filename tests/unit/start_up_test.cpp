@@ -141,6 +141,22 @@ TEST_F(StartUpTest, TheEndStoresThePlaceAndRemovesTheSamples) {
     EXPECT_EQ(toolWindows.calls.back(), "unloadAll");
 }
 
+TEST_F(StartUpTest, WhileTheProgramClosesItsWindowIsHiddenAndTheScoreWhole) {
+    engine.startUp.Form_Load();
+    engine.fileOperations.InstallMediaFiles();
+    studio.score.NoteArray.set(0, 3, 60);
+    std::optional<int> cell;
+    bool hidden = false;
+    time.at(500, [&] {
+        cell = studio.score.noteCell(0, 3);
+        hidden = frame.hidden;
+    });
+    engine.startUp.Form_Unload();
+    EXPECT_EQ(cell, 60);
+    EXPECT_TRUE(hidden);
+    EXPECT_EQ(studio.score.noteCell(0, 3), cell::empty);
+}
+
 TEST_F(StartUpTest, ASampleThatIsThereIsNotOverwrittenButDeletedAtTheEnd) {
     const auto mine = folder.make("media/101.sng", "mine");
     engine.fileOperations.InstallMediaFiles();
