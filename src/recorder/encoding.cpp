@@ -209,9 +209,11 @@ Encoding::Outcome Encoding::EncodeStream(const std::string& source, const std::s
                                         encoderQualities[static_cast<std::size_t>(quality)]);
     const auto result = encoder_.encode(source, target, config);
     if (result.isWhole) parts_.log.show("Finished Encoding " + Record.Text6.text());
+    if (result.isWhole && !result.isRead)
+        parts_.log.add(source + " could not be read as a whole; it is kept.");
     if (result.isWhole && !result.isWritten)
         parts_.log.add(target + " could not be written as a whole; its source is kept.");
-    return {result.isWritten, result.failure};
+    return {result.isRead && result.isWritten, result.failure};
 }
 
 namespace {

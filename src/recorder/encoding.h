@@ -34,7 +34,7 @@ class Encoding {
     /// What an encoding came to.
     struct Outcome {
         /// False when there is no MP3 to go on with: the user gave no usable name, there is nothing to go by,
-        /// or the disk did not take it.
+        /// the source cannot be read, or the disk did not take it.
         bool isMade = false;
         std::optional<EncoderFailure> failure = {};  ///< the encoder's own
     };

@@ -33,14 +33,27 @@ struct WavEncoder::Job {
                 std::min(bytes, samples.size() * sampleSize)};
     }
 
+    bool openSource(const std::string& source, std::uint64_t size) {
+        total = size;
+        return reading.OpenFile(source);
+    }
+    /// False when the file cannot be read, or has become shorter. Past its end there is nothing to read.
+    bool read(std::uint64_t bytes) {
+        const std::uint64_t wanted = std::min(taken + bytes, total);
+        const bool isDone = reading.ReadBytes(input(bytes));
+        taken += reading.bytesRead();
+        return isDone && taken >= wanted;
+    }
+
     void write(std::uint32_t bytes) {
         if (bytes > 0 && !writing.WriteBytes(std::span(output).first(bytes))) isWritten = false;
     }
-    /// What the encoder still holds.
+    /// What the encoder still holds; then all of it goes to the disk.
     void flush() {
         std::uint32_t written = 0;
         streams.beDeinitStream(handle, output, written);
         write(written);
+        if (!writing.FlushBuffers()) isWritten = false;
     }
 
     EncoderStreams& streams;
@@ -49,7 +62,8 @@ struct WavEncoder::Job {
     std::vector<std::int16_t> samples;
     std::vector<unsigned char> output;
     clsFileIo reading, writing;
-    bool isWritten = true;
+    std::uint64_t total = 0, taken = 0;  ///< bytes of the source
+    bool isWritten = true, isRead = true;
 };
 
 std::string WavEncoder::progressText(double done, double total) {
@@ -66,29 +80,29 @@ WavEncoder::Result WavEncoder::encode(const std::string& source, const std::stri
     if (refused != EncoderError::none) return {false, failureOf(refused)};
     std::error_code failed;
     const auto total = std::filesystem::file_size(source, failed);
-    if (failed) return {};
+    if (failed) return {.isWhole = true, .isRead = false};
     if (std::filesystem::exists(target, failed)) return {.isWritten = false};
-    job.reading.OpenFile(source);
-    job.writing.OpenFile(target);
     job.makeRoom();
-    job.reading.ReadBytes(job.input(headerSize));
-    const EncoderError error = encodeChunks(job, total);
+    if (!job.openSource(source, total) || !job.read(headerSize)) return {.isWhole = true, .isRead = false};
+    job.writing.OpenFile(target);
+    const EncoderError error = encodeChunks(job);
     if (error != EncoderError::none) return {false, failureOf(error)};
     job.flush();
-    return {true, {}, job.isWritten};
+    return {true, {}, job.isWritten, job.isRead};
 }
 
-EncoderError WavEncoder::encodeChunks(Job& job, std::uint64_t total) {
-    for (std::uint64_t done = 0; done < total;) {
-        const auto bytes = std::min<std::uint64_t>(job.samples.size() * sampleSize, total - done);
-        job.reading.ReadBytes(job.input(bytes));
+EncoderError WavEncoder::encodeChunks(Job& job) {
+    for (std::uint64_t done = 0; done < job.total;) {
+        const auto bytes = std::min<std::uint64_t>(job.samples.size() * sampleSize, job.total - done);
+        job.isRead = job.read(bytes);
+        if (!job.isRead) break;  // what was made up to here is a whole stream
         done += bytes;
         std::uint32_t written = 0;
         const auto error = streams_.beEncodeChunk(
             job.handle, std::span(job.samples).first(bytes / sampleSize), job.output, written);
         if (error != EncoderError::none) return error;
         job.write(written);
-        studio_.Record.Status.set(progressText(static_cast<double>(done), static_cast<double>(total)));
+        studio_.Record.Status.set(progressText(static_cast<double>(done), static_cast<double>(job.total)));
         if (isCancelled()) break;
         loop_.turn();
     }

@@ -27,11 +27,13 @@ class WavEncoder {
         : studio_(studio), loop_(loop), streams_(streams) {}
 
     struct Result {
-        bool isWhole = false;  ///< the stream was closed as it should be, cancelled or not
+        bool isWhole = false;                        ///< neither the encoder nor a target in the way ended it
         std::optional<EncoderFailure> failure = {};  ///< what ended it
         bool isWritten = true;  ///< the target holds all of it: it was not in the way, and the disk had room
+        bool isRead = true;     ///< the source could be opened and read as far as was wanted
     };
-    /// A target that exists is left alone. After a failure it stays as far as it was written.
+    /// A target that exists is left alone. After a failure it stays as far as it was written; none is made of
+    /// a source of which nothing can be read.
     Result encode(const std::string& source, const std::string& target, const BE_CONFIG& config);
 
     /// "42.70%".
@@ -39,7 +41,7 @@ class WavEncoder {
 
  private:
     struct Job;
-    EncoderError encodeChunks(Job& job, std::uint64_t total);
+    EncoderError encodeChunks(Job& job);
     bool isCancelled() const;
 
     Studio& studio_;

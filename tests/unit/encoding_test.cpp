@@ -2,6 +2,7 @@
 
 #include "encoding_fixture.h"
 #include "file_size_limit.h"
+#include "open_file_exchange.h"
 #include "recorder/recording_buttons.h"
 
 namespace melvane::test {
@@ -168,6 +169,78 @@ TEST_F(EncodingTest, ATargetThatIsNoFileKeepsTheSource) {
     encode(wav);
     EXPECT_TRUE(exists(wav));
     EXPECT_EQ(logged(), Lines{});
+}
+
+TEST_F(EncodingTest, AnMp3ThatDoesNotReachTheDiskKeepsTheSource) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 4), target = folder.file("a.mp3");
+    atTurn([&](int turn) {
+        if (turn != 2) return;
+        EXPECT_TRUE(exchangeOpenFile(target, "/dev/null", O_WRONLY));
+    });
+    encode(wav);
+    EXPECT_TRUE(exists(wav));
+    EXPECT_EQ(window().Text6.text(), wav);
+    EXPECT_EQ(logged(), (Lines{target + " could not be written as a whole; its source is kept."}));
+}
+
+// The source
+
+TEST_F(EncodingTest, AWaveThatAnotherHoldsOpenIsKeptAndNoMp3OfItIsMade) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 4), bytes = read(wav);
+    {
+        clsFileIo other;
+        ASSERT_TRUE(other.OpenFile(wav));
+        encode(wav);
+    }
+    EXPECT_EQ(read(wav), bytes);
+    EXPECT_FALSE(exists(folder.file("a.mp3")));
+    EXPECT_EQ(window().Text6.text(), wav);
+    EXPECT_EQ(erbox(), "Finished Encoding " + wav);
+    EXPECT_EQ(logged(), (Lines{wav + " could not be read as a whole; it is kept."}));
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+    encode(wav);
+    EXPECT_EQ(read(folder.file("a.mp3")), mp3Of(bytes, chosen()));
+}
+
+TEST_F(EncodingTest, AWaveThatCannotBeReadIsKeptAndNoMp3OfItIsMade) {
+    window().Check3.set(true);
+    const std::string wav = folder.file("a.wav");
+    std::filesystem::create_symlink("/proc/self/mem", wav);  // opens, and has nothing at its start
+    encode(wav);
+    EXPECT_TRUE(std::filesystem::is_symlink(wav));
+    EXPECT_FALSE(exists(folder.file("a.mp3")));
+    EXPECT_EQ(window().Text6.text(), wav);
+    EXPECT_EQ(logged(), (Lines{wav + " could not be read as a whole; it is kept."}));
+}
+
+TEST_F(EncodingTest, AWaveThatCannotBeReadToItsEndIsKeptAndTheMp3EndsThere) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 400), bytes = read(wav);
+    atTurn([&](int turn) {
+        if (turn != 50) return;
+        EXPECT_TRUE(exchangeOpenFile(wav, "/dev/null", O_WRONLY));
+    });
+    encode(wav);
+    EXPECT_EQ(read(wav), bytes);
+    const std::string made = read(folder.file("a.mp3"));
+    EXPECT_TRUE(made.size() > 1000 && made.size() < mp3Of(bytes, chosen(), 100).size());
+    EXPECT_EQ(window().Text6.text(), wav);
+    EXPECT_EQ(erbox(), "Finished Encoding " + wav);
+    EXPECT_EQ(logged(), (Lines{wav + " could not be read as a whole; it is kept."}));
+    EXPECT_TRUE(window().CmdrecordSNG.enabled());
+}
+
+TEST_F(EncodingTest, AWaveThatIsCutMeanwhileIsKept) {
+    window().Check3.set(true);
+    const std::string wav = tone("a.wav", 1152 * 400);
+    atTurn([&](int turn) {
+        if (turn == 50) std::filesystem::resize_file(wav, 1152 * 600);
+    });
+    encode(wav);
+    EXPECT_TRUE(exists(wav));
+    EXPECT_EQ(logged(), (Lines{wav + " could not be read as a whole; it is kept."}));
 }
 
 // The target
