@@ -1,6 +1,7 @@
 #include "recorder/recorded_file.h"
 
 #include <array>
+#include <filesystem>
 
 #include "core/names.h"
 #include "platform/files.h"
@@ -41,7 +42,7 @@ void RecordedFile::RenameFile2(std::string file) {
     if (name.empty()) return log_.show("Cancelled");
     if (endingOf(name).empty()) name += endingOf(file);
     if (isSamePath(name, file) || !hasWholeEnding(name)) return log_.show("Can't rename as " + name);
-    if (!makeWay(name)) return log_.show("Cancelled");
+    if (!mayTake(name)) return log_.show("Cancelled");
     if (!moveFile(file, name)) return log_.show("Can't rename as " + name);
     studio_.Record.Text6.set(name);
     log_.show(file + " has been saved as " + name);
@@ -52,12 +53,12 @@ std::string RecordedFile::askForName(const std::string& file) {
     return answeredPath(dialogs_.saveFile({"Save As", filterFor(file), folder, fileNameOf(file), true}).path);
 }
 
-bool RecordedFile::makeWay(const std::string& name) {
-    if (!fileExists(name)) return true;
+bool RecordedFile::mayTake(const std::string& name) {
+    std::error_code failed;
+    if (!std::filesystem::is_regular_file(name, failed)) return true;
     const auto answer =
         dialogs_.messageBox(BoxKind::question, "Melvane",
                             name + " already exists. Do you want to replace the file?", BoxButtons::yesNo);
-    if (answer == BoxAnswer::yes) removeFile(name);
     return answer == BoxAnswer::yes;
 }
 

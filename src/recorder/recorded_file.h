@@ -20,8 +20,8 @@ class RecordedFile {
 
  private:
     std::string askForName(const std::string& file);
-    /// Nothing of that name is in the way any more.
-    bool makeWay(const std::string& name);
+    /// No file has that name, or the user lets it be replaced.
+    bool mayTake(const std::string& name);
 
     Studio& studio_;
     RecorderLog& log_;

@@ -15,7 +15,8 @@ std::string withOtherEnding(const std::string& path, std::string_view ending);
 bool isSamePath(const std::string& path, const std::string& other);
 /// Quietly.
 void removeFile(const std::string& path);
-/// Moves it over a border between file systems too. Whether it is there.
+/// Moves it over a border between file systems too. Whether it is there: an earlier file of that name is
+/// replaced by the whole of it or stays, and what is no file, such as a folder or a device, always stays.
 bool moveFile(const std::string& from, const std::string& to);
 
 }  // namespace melvane

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <iterator>
 
+#include "unit/ordinary_user.h"
 #include "unit/temporary_folder.h"
 
 namespace melvane {
@@ -51,21 +51,6 @@ TEST(Files, ANameMayBeAsLongAsNamesCanBe) {
     EXPECT_EQ(readFile(path), "new");
 }
 
-/// Nobody in particular, where the tests run as the one who may do everything.
-class OrdinaryUser {
- public:
-    OrdinaryUser() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
-    ~OrdinaryUser() {
-        if (changed_) [[maybe_unused]]
-            const int ignored = seteuid(0);
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-    bool changed_;
-};
-
 TEST(Files, WhereTheFolderTakesNoNewFileAnEarlierOneIsChangedInItsPlace) {
     const test::TemporaryFolder folder;
     const std::string open = folder.make("open", "a longer text than the next");
@@ -74,7 +59,7 @@ TEST(Files, WhereTheFolderTakesNoNewFileAnEarlierOneIsChangedInItsPlace) {
     ASSERT_EQ(chmod(closed.c_str(), 0444), 0);
     ASSERT_EQ(chmod(folder.path().c_str(), 0555), 0);
     {
-        const OrdinaryUser user;
+        const test::OrdinaryUser user;
         EXPECT_EQ(writeFileWhole(open, "short"), std::nullopt);
         EXPECT_NE(writeFileWhole(closed, "new"), std::nullopt);
         EXPECT_NE(writeFileWhole(folder.file("another"), "new"), std::nullopt);

@@ -13,8 +13,10 @@ namespace melvane::test {
 /// A new, empty folder that is removed with everything in it at the end of the test.
 class TemporaryFolder {
  public:
-    TemporaryFolder() {
-        std::string name = testing::TempDir() + "melvane-XXXXXX";
+    TemporaryFolder() : TemporaryFolder(testing::TempDir()) {}
+    /// In that one, which ends in a slash.
+    explicit TemporaryFolder(const std::string& parent) {
+        std::string name = parent + "melvane-XXXXXX";
         if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary folder can be made at " << name;
         path_ = name;
     }
