@@ -42,18 +42,12 @@ void RecordingRun::CmdrecordSNG_Click() {
     saveWhatIsLeft();
     if (!studio_.Record.Optsourcemid.ticked()) return RecordWav();
     parts_.log.show("Recording source is 'File'. Opening File...");
-    checkSource();
+    RecordWavFromMid();
 }
 
 /// A capture that goes on without a run is not lost to the next one.
 void RecordingRun::saveWhatIsLeft() {
     if (parts_.capture.isToBeSaved()) CmdStopRecording_Click();
-}
-
-void RecordingRun::checkSource() {
-    if (!studio_.Record.Optsourcesng.ticked()) return RecordWavFromMid();
-    parts_.log.show("Recording source is 'Notes'...");
-    CmdrecordSNG_Click();
 }
 
 // The run
@@ -113,6 +107,7 @@ void RecordingRun::run() {
     takeName();
     if (closedSince(closings) || parts_.loop.ended()) return;
     begin();
+    if (closedSince(closings) || parts_.loop.ended()) return;
     const bool isOver = playSource(file);
     if (isOver && !closedSince(closings)) finish();
 }

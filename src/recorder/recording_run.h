@@ -43,7 +43,6 @@ class RecordingRun {
 
  private:
     void saveWhatIsLeft();
-    void checkSource();
     bool takeSongsFolder();
     bool hasMidiFile();
     void cancel();

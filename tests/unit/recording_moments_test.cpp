@@ -59,6 +59,32 @@ TEST_F(RecordingMomentsTest, TheWindowMayCloseInTheMiddleOfARun) {
     EXPECT_EQ(recordings().size(), 2U);
 }
 
+TEST_F(RecordingMomentsTest, NothingIsPlayedWhenTheWindowClosesUnderTheBoxOfADeviceThatDoesNotOpen) {
+    media.setReply("open new", {4, "No card."});
+    sent();
+    time.at(100, [this] { recorder().window.Form_Unload(); });
+    record();
+    EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
+    for (const auto& message : sent()) EXPECT_FALSE(message.starts_with("90 ")) << message;
+    EXPECT_EQ(std::ranges::count(logged(), "Started playing notes"), 0);
+    EXPECT_FALSE(studio.player.Playing);
+    recorder().window.Form_Load();
+    chooseMidi(midiFile());
+    commands();
+    time.at(100, [this] { recorder().window.Form_Unload(); });
+    record();
+    for (const auto& command : commands()) EXPECT_FALSE(command.starts_with("\"play ")) << command;
+}
+
+TEST_F(RecordingMomentsTest, NothingIsPlayedWhenTheProgramEndsUnderThatBox) {
+    media.setReply("open new", {4, "No card."});
+    sent();
+    time.at(100, [this] { engine.startUp.Form_Unload(); });
+    record();
+    EXPECT_TRUE(time.ended());
+    EXPECT_EQ(std::ranges::count(logged(), "Started playing notes"), 0);
+}
+
 TEST_F(RecordingMomentsTest, TheProgramMayEndInTheMiddleOfARun) {
     write(0, 20, 60, 1);
     at(300, [this] { engine.startUp.Form_Unload(); });
