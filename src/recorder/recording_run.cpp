@@ -42,12 +42,19 @@ void RecordingRun::CmdrecordSNG_Click() {
     saveWhatIsLeft();
     if (!studio_.Record.Optsourcemid.ticked()) return RecordWav();
     parts_.log.show("Recording source is 'File'. Opening File...");
-    RecordWavFromMid();
+    checkSource();
 }
 
 /// A capture that goes on without a run is not lost to the next one.
 void RecordingRun::saveWhatIsLeft() {
     if (parts_.capture.isToBeSaved()) CmdStopRecording_Click();
+}
+
+/// What is shown may have led to another choice.
+void RecordingRun::checkSource() {
+    if (!studio_.Record.Optsourcesng.ticked()) return RecordWavFromMid();
+    parts_.log.show("Recording source is 'Notes'...");
+    CmdrecordSNG_Click();
 }
 
 // The run

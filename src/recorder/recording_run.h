@@ -43,6 +43,7 @@ class RecordingRun {
 
  private:
     void saveWhatIsLeft();
+    void checkSource();
     bool takeSongsFolder();
     bool hasMidiFile();
     void cancel();

@@ -44,6 +44,20 @@ TEST_F(RecorderTextsTest, WithoutAFileItAsksForANameAndIsCancelled) {
     EXPECT_TRUE(window().CmdrecordSNG.enabled());
 }
 
+TEST_F(RecorderTextsTest, ASourceThatTurnsIntoTheNotesIsRecordedAsSuch) {
+    chooseMidi(midiFile());
+    Lines told;
+    window().Erbox.changed = [&] {
+        told.push_back(erbox());
+        if (told.size() == 1) window().Optsourcesng.userPut(Value(1LL));
+    };
+    record();
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(told[1], "Recording source is 'Notes'...");
+    EXPECT_EQ(logged().at(0), "Started playing notes");
+    EXPECT_EQ(recordings().size(), 1U);
+}
+
 TEST_F(RecorderTextsTest, WithoutAFolderItIsCancelled) {
     std::filesystem::remove_all(folder.path() / "Songs");
     write("Songs", "in the way");
