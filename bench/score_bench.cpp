@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 

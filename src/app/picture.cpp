@@ -1,6 +1,5 @@
 #include "app/picture.h"
 
-#include <QFile>
 #include <QPixmap>
 #include <QString>
 #include <QTemporaryDir>

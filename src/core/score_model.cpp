@@ -1,7 +1,5 @@
 #include "core/score_model.h"
 
-#include <algorithm>
-
 #include "core/names.h"
 #include "core/quick_compose.h"
 #include "core/setup_channel.h"

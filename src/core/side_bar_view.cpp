@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/note_names.h"
 #include "core/qt_pixels.h"
 
 namespace melvane {

@@ -1,8 +1,4 @@
 #pragma once
-#include <string>
-#include <string_view>
-
-#include "core/note_names.h"
 #include "core/studio.h"
 #include "core/surface_view.h"
 

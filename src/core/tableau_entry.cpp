@@ -1,7 +1,6 @@
 #include "core/tableau_entry.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/drag.h"
 #include "core/instrument_names.h"

@@ -1,6 +1,4 @@
 #pragma once
-#include <functional>
-
 #include "core/channel_selection.h"
 #include "core/column_audition.h"
 #include "core/drag.h"

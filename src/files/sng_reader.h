@@ -1,5 +1,4 @@
 #pragma once
-#include <cstdint>
 #include <string_view>
 
 #include "core/studio.h"

@@ -1,5 +1,7 @@
 #include "midi/player.h"
 
+#include <vector>
+
 #include "core/names.h"
 
 namespace melvane {

@@ -1,6 +1,4 @@
 #pragma once
-#include <vector>
-
 #include "core/main_frame.h"
 #include "core/studio.h"
 #include "core/surfaces.h"

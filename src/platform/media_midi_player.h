@@ -1,6 +1,4 @@
 #pragma once
-#include <memory>
-
 #include "platform/media_playable.h"
 #include "platform/midi_sequence.h"
 #include "platform/sound_message_feed.h"

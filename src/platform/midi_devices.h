@@ -5,7 +5,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 
 #include "platform/midi_port.h"
 #include "platform/sound_short_message.h"

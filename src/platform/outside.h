@@ -1,6 +1,4 @@
 #pragma once
-#include <string>
-
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <limits>
 #include <sstream>
+#include <string_view>
 
 #include "platform/files.h"
 #include "platform/quoted_text.h"

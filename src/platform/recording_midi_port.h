@@ -2,7 +2,6 @@
 #include <map>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "platform/midi_port.h"
 #include "platform/moment_log.h"

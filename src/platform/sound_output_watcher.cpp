@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/sound_card.h"
+#include "platform/sound_stream_clock.h"
 
 namespace melvane {
 

@@ -4,7 +4,6 @@
 #include <deque>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,7 +12,6 @@
 #include "platform/sound_mixer.h"
 #include "platform/sound_output.h"
 #include "platform/sound_puller.h"
-#include "platform/sound_stream_clock.h"
 
 namespace melvane {
 

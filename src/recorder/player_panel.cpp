@@ -1,5 +1,6 @@
 #include "recorder/player_panel.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>

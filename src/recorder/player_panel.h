@@ -1,5 +1,5 @@
 #pragma once
-#include <QFrame>
+#include <QWidget>
 #include <array>
 
 #include "core/studio.h"

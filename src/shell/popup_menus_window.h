@@ -1,5 +1,4 @@
 #pragma once
-#include <QPointer>
 #include <QWidget>
 
 #include "shell/popup_menus.h"

@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QRegularExpression>
 
-#include <memory>
 #include <utility>
 
 #include "platform/files.h"

@@ -4,7 +4,6 @@
 #include <QIcon>
 #include <QMouseEvent>
 #include <QPainter>
-#include <functional>
 
 #include "core/qt_mouse.h"
 #include "core/qt_pixels.h"

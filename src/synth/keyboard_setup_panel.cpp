@@ -8,7 +8,6 @@
 
 #include "synth/keyboard_parts_panel.h"
 #include "ui/qt_bindings.h"
-#include "ui/qt_elided_label.h"
 #include "ui/qt_flow_layout.h"
 #include "ui/qt_panel_parts.h"
 

@@ -1,7 +1,6 @@
 #include "synth/keyboard_sliders.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <functional>
 

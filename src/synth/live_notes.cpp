@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/names.h"
+#include "synth/key_chords.h"
 #include "synth/key_colours.h"
 
 namespace melvane {

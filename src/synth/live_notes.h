@@ -1,7 +1,6 @@
 #pragma once
 #include "platform/clock.h"
 #include "platform/event_loop.h"
-#include "synth/key_chords.h"
 #include "synth/key_sounds.h"
 
 namespace melvane {

@@ -1,7 +1,6 @@
 #include "ui/qt_flow_layout.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace melvane {
 

@@ -1,6 +1,5 @@
 #include "studio_session.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 

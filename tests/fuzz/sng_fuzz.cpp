@@ -1,3 +1,5 @@
+#include <cstdint>
+
 #include "files/sng_reader.h"
 #include "files/sng_writer.h"
 #include "fuzz/fuzz_target.h"

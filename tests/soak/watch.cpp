@@ -8,7 +8,6 @@
 #include <fstream>
 #include <iomanip>
 #include <sstream>
-#include <thread>
 
 namespace melvane::soak {
 

@@ -1,7 +1,6 @@
 #pragma once
 #include <sys/types.h>
 
-#include <chrono>
 #include <filesystem>
 #include <map>
 #include <optional>

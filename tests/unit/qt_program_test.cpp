@@ -11,6 +11,8 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/recording_media_device.h"
 #include "platform/recording_midi_port.h"

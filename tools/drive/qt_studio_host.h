@@ -1,7 +1,9 @@
 #pragma once
-#include <QPointer>
+#include <QObject>
 #include <memory>
 #include <set>
+#include <string>
+#include <string_view>
 
 #include "app/program.h"
 #include "drive/drive_host.h"
