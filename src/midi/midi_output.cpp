@@ -15,8 +15,7 @@ constexpr int lastRetriedDevice = 8;
 }  // namespace
 
 bool MidiOutput::CheckMidiDevices() {
-    deviceCount_ = port_.midiOutGetNumDevs();
-    if (deviceCount_ > 0) return true;
+    if (port_.midiOutGetNumDevs() > 0) return true;
     dialogs_.messageBox(BoxKind::critical, "Melvane - Error",
                         "Unable to detect any midi output devices.\n\nTerminating...");
     return false;
@@ -96,8 +95,8 @@ bool MidiOutput::openNext() {
 
 std::vector<std::string> MidiOutput::deviceNames() {
     std::vector<std::string> names{mapperName};
-    deviceCount_ = port_.midiOutGetNumDevs();
-    for (int device = 0; device < deviceCount_; ++device) names.push_back(port_.midiOutGetDevCapsA(device));
+    const int devices = port_.midiOutGetNumDevs();
+    for (int device = 0; device < devices; ++device) names.push_back(port_.midiOutGetDevCapsA(device));
     return names;
 }
 

@@ -48,7 +48,6 @@ class MidiOutput {
     void SendReverb(Int16 value, Int16 channel);
     void SendChorus(Int16 value, Int16 channel);
 
-    int deviceCount() const { return deviceCount_; }
     void listNames(NameTables& tables);
 
  private:
@@ -60,7 +59,6 @@ class MidiOutput {
     Settings& settings_;
     MidiPort& port_;
     Dialogs& dialogs_;
-    int deviceCount_ = 0;
     bool open_ = false;
 };
 
