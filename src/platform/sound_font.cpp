@@ -6,6 +6,8 @@
 #include <fstream>
 #include <string_view>
 
+#include "platform/files.h"
+
 namespace melvane {
 
 namespace {
@@ -17,11 +19,6 @@ constexpr std::array soundFontFolders = {"/usr/share/sounds/sf2/", "/usr/share/s
 constexpr std::array soundFontNames = {"FluidR3_GM.sf2",  "MuseScore_General_Lite.sf2",
                                        "GeneralUser.sf2", "TimGM6mb.sf2",
                                        "default-GM.sf2",  "default.sf2"};
-
-bool isReadableFile(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(path, ignored) && std::ifstream(path, std::ios::binary).good();
-}
 
 }  // namespace
 
@@ -36,7 +33,7 @@ std::vector<std::string> soundFontCandidates() {
 std::vector<std::string> installedSoundFonts(const std::vector<std::string>& candidates) {
     std::vector<std::string> installed;
     for (const std::string& path : candidates) {
-        if (isReadableFile(path)) installed.push_back(path);
+        if (fileExists(path)) installed.push_back(path);
     }
     return installed;
 }
