@@ -4,12 +4,6 @@
 
 namespace melvane {
 
-namespace {
-
-constexpr std::uint8_t controlChange = 0xB0, sustain = 64, allNotesOff = 123;
-
-}  // namespace
-
 MidiPlayer::MidiPlayer(MidiSequence sequence, Synthesizer& synthesizer, const Clock& clock,
                        double delaySeconds)
     : sequence_(std::move(sequence)),
@@ -64,8 +58,14 @@ std::optional<MessageFeed::Due> MidiPlayer::nextBehindEnd() noexcept {
     constexpr int channels = 16;
     if (endedChannels_ == 2 * channels) return std::nullopt;
     const auto channel = static_cast<std::uint8_t>(endedChannels_ % channels);
-    const std::uint8_t controller = endedChannels_++ < channels ? sustain : allNotesOff;
-    return Due{0, {.kind = controlChange, .channel = channel, .first = controller, .second = 0, .length = 3}};
+    const std::uint8_t controller =
+        endedChannels_++ < channels ? midi_controller::sustain : midi_controller::allNotesOff;
+    return Due{0,
+               {.kind = message_kind::controlChange,
+                .channel = channel,
+                .first = controller,
+                .second = 0,
+                .length = 3}};
 }
 
 ShortMessage MidiPlayer::messageAt(std::size_t event) const noexcept {

@@ -6,14 +6,7 @@ namespace melvane {
 
 namespace {
 
-constexpr std::uint8_t controlChange = 0xB0;
-constexpr std::uint8_t programChange = 0xC0;
-constexpr std::uint8_t channelPressure = 0xD0;
-constexpr std::uint8_t pitchBend = 0xE0;
-
-constexpr std::uint8_t dataEntry = 6, fineDataEntry = 38;
-constexpr std::uint8_t unregisteredLow = 98, unregisteredHigh = 99, registeredLow = 100, registeredHigh = 101;
-constexpr std::uint8_t resetAllControllers = 121, firstChannelMode = 120;
+constexpr std::uint8_t firstChannelMode = midi_controller::allSoundOff;
 
 }  // namespace
 
@@ -22,16 +15,16 @@ void MidiChannelState::hear(const ShortMessage& message) {
     const auto first = static_cast<std::int8_t>(message.first & 0x7FU);
     const auto second = static_cast<std::int8_t>(message.second & 0x7FU);
     switch (message.kind) {
-        case controlChange:
+        case message_kind::controlChange:
             control(channel, message.first & 0x7FU, second);
             break;
-        case programChange:
+        case message_kind::programChange:
             channel.program = first;
             break;
-        case channelPressure:
+        case message_kind::channelPressure:
             channel.pressure = first;
             break;
-        case pitchBend:
+        case message_kind::pitchBend:
             channel.bendLow = first;
             channel.bendHigh = second;
             break;
@@ -42,21 +35,21 @@ void MidiChannelState::hear(const ShortMessage& message) {
 
 void MidiChannelState::control(Channel& channel, std::uint8_t number, std::int8_t value) {
     switch (number) {
-        case dataEntry:
-        case fineDataEntry:
+        case midi_controller::dataEntry:
+        case midi_controller::fineDataEntry:
             enterData(channel, number, value);
             break;
-        case unregisteredLow:
-        case unregisteredHigh:
+        case midi_controller::unregisteredLow:
+        case midi_controller::unregisteredHigh:
             channel.chosenLow = channel.chosenHigh = noParameter;
             break;
-        case registeredLow:
+        case midi_controller::registeredLow:
             channel.chosenLow = value;
             break;
-        case registeredHigh:
+        case midi_controller::registeredHigh:
             channel.chosenHigh = value;
             break;
-        case resetAllControllers:
+        case midi_controller::resetAllControllers:
             resetControllers(channel);
             break;
         default:
@@ -68,7 +61,8 @@ void MidiChannelState::control(Channel& channel, std::uint8_t number, std::int8_
 void MidiChannelState::enterData(Channel& channel, std::uint8_t number, std::int8_t value) {
     const auto low = static_cast<std::size_t>(channel.chosenLow);
     if (channel.chosenHigh != 0 || low >= parameters) return;
-    (number == dataEntry ? channel.registered.at(low).coarse : channel.registered.at(low).fine) = value;
+    (number == midi_controller::dataEntry ? channel.registered.at(low).coarse
+                                          : channel.registered.at(low).fine) = value;
 }
 
 /// Volume, pan, effects and banks stay, as the MIDI recommendation has it.

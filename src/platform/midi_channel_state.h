@@ -46,28 +46,29 @@ class MidiChannelState {
 
     template <typename Send>
     void replayChannel(std::uint8_t index, Send send) const {
-        constexpr std::uint8_t control = 0xB0, program = 0xC0, pressure = 0xD0, bend = 0xE0;
+        using namespace message_kind;
+        using namespace midi_controller;
         const Channel& channel = channels_.at(index);
         for (std::size_t number = 0; number < channel.controllers.size(); ++number) {
             if (const int value = channel.controllers.at(number); value != never) {
-                send(control, static_cast<int>(number), value, 3);
+                send(controlChange, static_cast<int>(number), value, 3);
             }
         }
         for (std::size_t number = 0; number < parameters; ++number) {
             const auto [coarse, fine] = channel.registered.at(number);
             if (coarse == never) continue;
-            send(control, 101, 0, 3);
-            send(control, 100, static_cast<int>(number), 3);
-            send(control, 6, coarse, 3);
-            if (fine != never) send(control, 38, fine, 3);
+            send(controlChange, registeredHigh, 0, 3);
+            send(controlChange, registeredLow, static_cast<int>(number), 3);
+            send(controlChange, dataEntry, coarse, 3);
+            if (fine != never) send(controlChange, fineDataEntry, fine, 3);
         }
         if (channel.chosenHigh != noParameter || channel.registered[0].coarse != never) {
-            send(control, 101, channel.chosenHigh, 3);
-            send(control, 100, channel.chosenLow, 3);
+            send(controlChange, registeredHigh, channel.chosenHigh, 3);
+            send(controlChange, registeredLow, channel.chosenLow, 3);
         }
-        if (channel.program != never) send(program, channel.program, 0, 2);
-        if (channel.pressure != never) send(pressure, channel.pressure, 0, 2);
-        if (channel.bendHigh != never) send(bend, channel.bendLow, channel.bendHigh, 3);
+        if (channel.program != never) send(programChange, channel.program, 0, 2);
+        if (channel.pressure != never) send(channelPressure, channel.pressure, 0, 2);
+        if (channel.bendHigh != never) send(pitchBend, channel.bendLow, channel.bendHigh, 3);
     }
 
     std::array<Channel, 16> channels_;

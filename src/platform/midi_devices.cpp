@@ -7,12 +7,6 @@ namespace melvane {
 namespace {
 
 constexpr std::size_t longestName = 31;  // bytes
-constexpr std::uint8_t noteOff = 0x80;
-constexpr std::uint8_t noteOn = 0x90;
-constexpr std::uint8_t controlChange = 0xB0;
-constexpr std::uint8_t sustain = 64;
-constexpr std::uint8_t allSoundOff = 120;
-constexpr std::uint8_t allNotesOff = 123;
 
 bool isBuiltIn(int device) { return device == -1 || device == 0; }
 
@@ -93,17 +87,20 @@ bool MidiDevices::soundsElsewhere() const {
 void MidiDevices::silence(Device& device) {
     for (std::uint8_t channel = 0; channel < 16; ++channel) {
         for (std::uint8_t key = 0; key < 128; ++key) {
-            if (device.struck[channel].test(key)) sendToSystem(device, threeBytes(noteOff, channel, key));
+            if (device.struck[channel].test(key))
+                sendToSystem(device, threeBytes(message_kind::noteOff, channel, key));
         }
-        for (const std::uint8_t controller : {sustain, allNotesOff, allSoundOff}) {
-            sendToSystem(device, threeBytes(controlChange, channel, controller));
+        for (const std::uint8_t controller :
+             {midi_controller::sustain, midi_controller::allNotesOff, midi_controller::allSoundOff}) {
+            sendToSystem(device, threeBytes(message_kind::controlChange, channel, controller));
         }
     }
 }
 
 void MidiDevices::sendToSystem(Device& device, const ShortMessage& message) {
-    if (message.kind == noteOn || message.kind == noteOff) {
-        device.struck[message.channel].set(message.first, message.kind == noteOn && message.second > 0);
+    if (message.kind == message_kind::noteOn || message.kind == message_kind::noteOff) {
+        device.struck[message.channel].set(message.first,
+                                           message.kind == message_kind::noteOn && message.second > 0);
     }
     const std::array<std::uint8_t, 3> bytes = {message.status(), message.first, message.second};
     // A device that is gone must not end the playing, so a message that fails is passed over.

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/sound_short_message.h"
+
 namespace melvane {
 
 namespace {
@@ -98,7 +100,8 @@ class TrackReader {
             return true;
         }
         const std::uint8_t kind = status_ & 0xF0U;
-        const int length = kind == 0xC0 || kind == 0xD0 ? 1 : 2;
+        const bool hasOneByte = kind == message_kind::programChange || kind == message_kind::channelPressure;
+        const int length = hasOneByte ? 1 : 2;
         std::uint32_t packed = status_;
         for (int count = 0; count < length; ++count) {
             if (!isData()) {

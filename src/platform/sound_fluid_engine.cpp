@@ -18,15 +18,6 @@ namespace melvane {
 
 namespace {
 
-constexpr std::uint8_t noteOff = 0x80;
-constexpr std::uint8_t noteOn = 0x90;
-constexpr std::uint8_t keyPressure = 0xA0;
-constexpr std::uint8_t controlChange = 0xB0;
-constexpr std::uint8_t programChange = 0xC0;
-constexpr std::uint8_t channelPressure = 0xD0;
-constexpr std::uint8_t pitchBend = 0xE0;
-
-constexpr int sustainController = 64;
 constexpr int firstJoiningMode = 124;
 constexpr int drumChannel = 9;
 constexpr int drumBank = 128;
@@ -143,19 +134,19 @@ void FluidEngine::playInEveryLane(const ShortMessage& message) {
     for (std::size_t lane = 0; lane < laneCount; ++lane) {
         const int id = laneChannel(message.channel, lane, laneCount);
         switch (message.kind) {
-            case keyPressure:
+            case message_kind::keyPressure:
                 fluid_synth_key_pressure(synth, id, message.first, message.second);
                 break;
-            case controlChange:
+            case message_kind::controlChange:
                 fluid_synth_cc(synth, id, message.first, message.second);
                 break;
-            case programChange:
+            case message_kind::programChange:
                 fluid_synth_program_change(synth, id, message.first);
                 break;
-            case channelPressure:
+            case message_kind::channelPressure:
                 fluid_synth_channel_pressure(synth, id, message.first);
                 break;
-            case pitchBend:
+            case message_kind::pitchBend:
                 fluid_synth_pitch_bend(synth, id, message.first | message.second << 7);
                 break;
             default:
@@ -165,13 +156,13 @@ void FluidEngine::playInEveryLane(const ShortMessage& message) {
 }
 
 void FluidEngine::play(const ShortMessage& message) {
-    const bool strikes = message.kind == noteOn && message.second > 0;
+    const bool strikes = message.kind == message_kind::noteOn && message.second > 0;
     if (strikes) {
         startNote(message);
-    } else if (message.kind == noteOn || message.kind == noteOff) {
+    } else if (message.kind == message_kind::noteOn || message.kind == message_kind::noteOff) {
         endNote(message.channel, message.first, lanesOfKey_[message.channel][message.first]);
         lanesOfKey_[message.channel][message.first] = 0;
-    } else if (message.kind != controlChange || message.first < firstJoiningMode) {
+    } else if (message.kind != message_kind::controlChange || message.first < firstJoiningMode) {
         playInEveryLane(message);
     }
 }
@@ -184,7 +175,7 @@ void FluidEngine::silence() {
         dropReverberation();
     }
     for (int id = 0; id < static_cast<int>(channelCount * laneCount); ++id) {
-        fluid_synth_cc(synth, id, sustainController, 0);
+        fluid_synth_cc(synth, id, midi_controller::sustain, 0);
     }
     for (auto& keys : lanesOfKey_) keys.fill(0);
 }

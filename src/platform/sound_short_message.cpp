@@ -4,8 +4,6 @@ namespace melvane {
 
 namespace {
 
-constexpr std::uint8_t programChange = 0xC0;
-constexpr std::uint8_t channelPressure = 0xD0;
 constexpr std::uint8_t firstSystemStatus = 0xF0;
 
 std::uint8_t byteOf(std::uint32_t packed, unsigned index) {
@@ -16,12 +14,14 @@ std::uint8_t byteOf(std::uint32_t packed, unsigned index) {
 
 std::optional<ShortMessage> decodeShortMessage(std::uint32_t packed) {
     const std::uint8_t status = byteOf(packed, 0);
-    if (status < 0x80 || status >= firstSystemStatus) return std::nullopt;
+    if (status < message_kind::noteOff || status >= firstSystemStatus) return std::nullopt;
 
     ShortMessage message;
     message.kind = status & 0xF0;
     message.channel = status & 0x0F;
-    message.length = message.kind == programChange || message.kind == channelPressure ? 2 : 3;
+    const bool hasOneByte =
+        message.kind == message_kind::programChange || message.kind == message_kind::channelPressure;
+    message.length = hasOneByte ? 2 : 3;
     message.first = byteOf(packed, 1);
     message.second = message.length == 3 ? byteOf(packed, 2) : std::uint8_t{0};
     if (message.first > 127 || message.second > 127) return std::nullopt;
