@@ -7,8 +7,6 @@ namespace melvane {
 
 namespace {
 
-constexpr int titlesWithAName = 7;
-
 /// Answers the number behind an operation's name that takes `count` numbers, of which the first is an index.
 std::optional<int> indexOf(std::span<const Value> arguments, std::size_t count) {
     if (arguments.size() != count) return std::nullopt;

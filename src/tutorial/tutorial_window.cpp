@@ -25,7 +25,6 @@ constexpr int outerMargin = 12, space = 8, pageMargin = 12, listRowHeight = 28, 
 constexpr int subStepIndent = 20;
 
 constexpr const char* note = "*Click on each step to perform the function";
-constexpr int titlesWithAName = 7;
 
 /// A step inside a numbered one begins with a letter or a bracket.
 bool isSubStep(const std::string& caption) {
