@@ -16,6 +16,15 @@ namespace melvane {
 
 namespace {
 
+/// Whether each row of `table` stands at the index that its `key` is.
+template <class Row, std::size_t rows, class Key>
+consteval bool isIndexedBy(Key Row::*key, const Row (&table)[rows]) {
+    for (std::size_t at = 0; at < rows; ++at) {
+        if (static_cast<std::size_t>(table[at].*key) != at) return false;
+    }
+    return true;
+}
+
 struct Icon {
     BoxKind kind;
     QMessageBox::Icon icon;
@@ -25,6 +34,7 @@ constexpr Icon icons[] = {{BoxKind::plain, QMessageBox::NoIcon},
                           {BoxKind::critical, QMessageBox::Critical},
                           {BoxKind::exclamation, QMessageBox::Warning},
                           {BoxKind::question, QMessageBox::Question}};
+static_assert(isIndexedBy(&Icon::kind, icons));
 
 /// What a set of buttons shows, and what closing the box without a button comes to.
 struct Buttons {
@@ -37,6 +47,7 @@ constexpr Buttons buttonSets[] = {
     {BoxButtons::ok, QMessageBox::Ok, QMessageBox::Ok, BoxAnswer::ok},
     {BoxButtons::okCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel, BoxAnswer::cancel},
     {BoxButtons::yesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, BoxAnswer::no}};
+static_assert(isIndexedBy(&Buttons::buttons, buttonSets));
 
 struct Answer {
     QMessageBox::StandardButton button;
