@@ -8,53 +8,40 @@
 
 namespace melvane {
 
+MainToolbarCommands::Press MainToolbarCommands::press(int index) {
+    using Toolbar = MainToolbarCommands;
+    static constexpr std::array<Press, 15> presses{
+        [](Toolbar& t) { t.clearScore(); },
+        [](Toolbar& t) { t.aroundDialog(&ScoreFiles::Command33_Click); },
+        [](Toolbar& t) { t.aroundDialog(&ScoreFiles::mSaveAs_Click); },
+        [](Toolbar& t) { t.menuWithoutTip(3); },
+        [](Toolbar& t) { t.player_.RewindBut_Click(); },
+        [](Toolbar& t) { t.player_.PlayAndStop_Click(0); },
+        [](Toolbar& t) { t.player_.PlayAndStop_Click(1); },
+        [](Toolbar& t) { t.panic_.Command32_Click(); },
+        [](Toolbar& t) { t.menu(8); },
+        [](Toolbar& t) { t.toolWindows_.showWindow("Form2"); },
+        [](Toolbar& t) { t.toolWindows_.showWindow("Record"); },
+        [](Toolbar& t) { t.toolWindows_.showWindow("Wiz"); },
+        [](Toolbar& t) { t.menuWithoutTip(12); },
+        nullptr,
+        [](Toolbar& t) { t.startUp_.OpenKeyboardWindow(); }};
+    return index >= 0 && index < static_cast<int>(presses.size()) ? presses[static_cast<std::size_t>(index)]
+                                                                  : nullptr;
+}
+
 void MainToolbarCommands::Cmd2_Click(int Index) {
-    switch (Index) {
-        case 0:
-            score_.ClearAll();
-            channels_.Label8_Click(studio_.tracks.CurrentTrack);
-            break;
-        case 1:
-            aroundDialog(&ScoreFiles::Command33_Click);
-            break;
-        case 2:
-            aroundDialog(&ScoreFiles::mSaveAs_Click);
-            break;
-        case 3:
-        case 12:
-            toolWindows_.unloadWindow("frminfo");
-            menu(Index);
-            break;
-        case 4:
-            player_.RewindBut_Click();
-            break;
-        case 5:
-            player_.PlayAndStop_Click(0);
-            break;
-        case 6:
-            player_.PlayAndStop_Click(1);
-            break;
-        case 7:
-            panic_.Command32_Click();
-            break;
-        case 8:
-            menu(Index);
-            break;
-        case 9:
-            toolWindows_.showWindow("Form2");
-            break;
-        case 10:
-            toolWindows_.showWindow("Record");
-            break;
-        case 11:
-            toolWindows_.showWindow("Wiz");
-            break;
-        case 14:
-            startUp_.OpenKeyboardWindow();
-            break;
-        default:
-            break;
-    }
+    if (const Press pressed = press(Index)) pressed(*this);
+}
+
+void MainToolbarCommands::clearScore() {
+    score_.ClearAll();
+    channels_.Label8_Click(studio_.tracks.CurrentTrack);
+}
+
+void MainToolbarCommands::menuWithoutTip(int button) {
+    toolWindows_.unloadWindow("frminfo");
+    menu(button);
 }
 
 void MainToolbarCommands::pause() {

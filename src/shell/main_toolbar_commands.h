@@ -58,6 +58,12 @@ class MainToolbarCommands {
     MainToolbarPictures pictures;
 
  private:
+    using Press = void (*)(MainToolbarCommands&);
+    static Press press(int index);
+
+    void clearScore();
+    /// Opens the menu of that button, with the tutorial's tip out of its way.
+    void menuWithoutTip(int button);
     void menu(int button) const {
         if (openMenu) openMenu(button);
     }
