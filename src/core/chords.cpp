@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "core/tested_note.h"
 
@@ -35,7 +36,6 @@ constexpr std::array<ChordShape, 8> panelShapes{{{-1, -1, -1, nullptr},
                                                  {-12, -1, -1, nullptr},
                                                  {-12, 12, -1, nullptr}}};
 
-constexpr int leftButton = 1, rightButton = 2;
 constexpr Colour red{255, 0, 0}, white{255, 255, 255};
 
 void take(Sounds& sounds, const ChordShape& shape) {
@@ -80,18 +80,18 @@ void Chords::Combo3_Click() {
     }
 }
 
-void Chords::Pic3_MouseDown(int, int shift, double X, double Y) { Pic3_MouseMove(leftButton, shift, X, Y); }
+void Chords::Pic3_MouseDown(int, int shift, double X, double Y) { Pic3_MouseMove(mouse::left, shift, X, Y); }
 
 void Chords::Pic3_MouseMove(int button, int, double X, double) {
     // The distance is kept, not X: this only thins the moves out.
     keptDistance_ = std::abs(X - keptDistance_);
-    if (keptDistance_ < 2 || (button & (leftButton | rightButton)) == 0) return;
+    if (keptDistance_ < 2 || (button & (mouse::left | mouse::right)) == 0) return;
     X = columnEdge(X);
     auto& score = studio_.score;
     const int track = studio_.tracks.CurrentTrack;
     const int column = static_cast<int>(X / Page::columnWidth) + studio_.page.FirstColumn;
     const int x = static_cast<int>(X);
-    if ((button & leftButton) != 0) {
+    if ((button & mouse::left) != 0) {
         // Track 9 has no label whose colour it could be.
         if (track != 9) surfaces_.fillPolyCell(x, labelColour(track));
         score.PolyArray.set(track + 1, column, studio_.form1.Combo3.index());
@@ -153,7 +153,7 @@ void Chords::showNote(int start, int column, int cellValue, Rings rings) {
     surfaces_.drawChordRing(start - page.FirstColumn, cell::row(cellValue) - page.FirstRow,
                             hasChord ? red : white);
     const double X = (column - page.FirstColumn) * Page::columnWidth;
-    Pic3_MouseMove(hasChord ? leftButton : rightButton, 0, X, 0);
+    Pic3_MouseMove(hasChord ? mouse::left : mouse::right, 0, X, 0);
 }
 
 void Chords::listNames(NameTables& tables) {

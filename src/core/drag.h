@@ -6,10 +6,6 @@
 /// What drawing on the tablet and on the tableau have in common.
 namespace melvane {
 
-namespace mouse {
-inline constexpr int left = 1, right = 2;  ///< buttons, added together in a move
-}
-
 namespace edit_mode {
 inline constexpr int draw = 0, position = 1, select = 2;
 }

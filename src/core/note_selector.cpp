@@ -1,6 +1,7 @@
 #include "core/note_selector.h"
 
 #include "core/instrument_names.h"
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "core/note_writer.h"
 #include "core/tested_note.h"
@@ -8,8 +9,6 @@
 namespace melvane {
 
 namespace {
-
-constexpr int leftButton = 1, rightButton = 2;
 
 int panelNumber(const TextControl& box) { return narrowed<int>(leadingNumber(box.text())).value_or(0); }
 
@@ -32,20 +31,20 @@ void NoteSelector::Pic2a_MouseDown(int button, int, double X, double) {
     const int column = pageColumn + studio_.page.FirstColumn;
     studio_.form1.LblNote.set(std::to_string(column + 1));
     surfaces_.drawSelectorCursor(pageColumn, studio_.form1.LblTrk.backColour());
-    if ((button & leftButton) != 0)
+    if ((button & mouse::left) != 0)
         inspect(column);
-    else if ((button & rightButton) != 0)
+    else if ((button & mouse::right) != 0)
         write(column);
     showEffects(column);
     showTestedNote(studio_);
 }
 
 void NoteSelector::Pic2a_MouseMove(int button, int shift, double X, double Y) {
-    if ((button & (leftButton | rightButton)) != 0) Pic2a_MouseDown(button, shift, X, Y);
+    if ((button & (mouse::left | mouse::right)) != 0) Pic2a_MouseDown(button, shift, X, Y);
 }
 
 void NoteSelector::Pic2a_MouseUp(int, int shift, double X, double Y) {
-    Pic2a_MouseDown(leftButton, shift, X, Y);
+    Pic2a_MouseDown(mouse::left, shift, X, Y);
     const double x = X + 1 + studio_.page.FirstColumn;
     chords_.GetNoteLength(x);
     chords_.DrawPolynote(x);

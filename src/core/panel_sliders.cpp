@@ -1,12 +1,11 @@
 #include "core/panel_sliders.h"
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 
 namespace melvane {
 
 namespace {
-
-constexpr int leftButton = 1, rightButton = 2;
 
 struct Named {
     const char* name;
@@ -27,9 +26,9 @@ SliderControl& PanelSliders::control(Slider slider) const {
 
 void PanelSliders::move(Slider slider, int button, double X) {
     if (!held(slider)) return;
-    if ((button & leftButton) != 0) {
+    if ((button & mouse::left) != 0) {
         control(slider).drag(X);
-    } else if ((button & rightButton) != 0) {
+    } else if ((button & mouse::right) != 0) {
         rest(slider);
     }
 }

@@ -3,12 +3,15 @@
 #include <Qt>
 #include <functional>
 
+#include "core/mouse_buttons.h"
+
 namespace melvane {
 
-/// Buttons as the handlers count them: 1 left, 2 right, 4 middle, added together.
+/// Buttons as the handlers count them, added together.
 inline int buttonMask(Qt::MouseButtons buttons) {
-    return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) + (buttons.testFlag(Qt::RightButton) ? 2 : 0) +
-           (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
+    return (buttons.testFlag(Qt::LeftButton) ? mouse::left : 0) +
+           (buttons.testFlag(Qt::RightButton) ? mouse::right : 0) +
+           (buttons.testFlag(Qt::MiddleButton) ? mouse::middle : 0);
 }
 
 /// Modifier keys as the handlers count them: 1 Shift, 2 Ctrl, 4 Alt, added together.

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/mouse_buttons.h"
 #include "core/qt_pointers.h"
 
 namespace melvane {
@@ -93,7 +94,7 @@ void SurfaceView::mouseReleaseEvent(QMouseEvent* event) {
 /// hangs.
 void SurfaceView::letGo(int buttons, int shift, QPointF at) {
     held_ &= ~buttons;
-    for (const int button : {1, 2, 4}) {
+    for (const int button : {mouse::left, mouse::right, mouse::middle}) {
         if ((buttons & button) != 0 && mouse.released) mouse.released(button, shift, at.x(), at.y());
     }
 }

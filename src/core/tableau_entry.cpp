@@ -4,6 +4,7 @@
 
 #include "core/drag.h"
 #include "core/instrument_names.h"
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "core/note_writer.h"
 #include "core/setup_channel.h"

@@ -2,13 +2,12 @@
 
 #include <functional>
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 
 namespace melvane {
 
 namespace {
-
-constexpr int leftButton = 1, rightButton = 2;
 
 struct SliderEntry {
     const char* name;
@@ -53,11 +52,11 @@ SliderControl& SetupSliders::control(Slider slider) const { return studio_.Form3
 void SetupSliders::move(Slider slider, int button, double X) {
     if (!held(slider)) return;
     auto& moved = control(slider);
-    if ((button & leftButton) != 0) {
+    if ((button & mouse::left) != 0) {
         moved.drag(X);
         take(slider);
         return moved.setPlace(moved.fractionAt(X));
-    } else if ((button & rightButton) != 0 && entryOf(slider).rests) {
+    } else if ((button & mouse::right) != 0 && entryOf(slider).rests) {
         moved.set(moved.scale().resting);
     } else {
         return;

@@ -8,7 +8,7 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "core/drag.h"
+#include "core/mouse_buttons.h"
 #include "core/side_bar_view.h"
 #include "core/strip_view.h"
 #include "core/tableau_view.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "core/tested_note.h"
 
@@ -9,7 +10,6 @@ namespace melvane {
 
 namespace {
 
-constexpr int leftButton = 1, rightButton = 2;
 constexpr const char* window = "Form5";
 constexpr std::array dragged{"Pic2", "Picture4", "Picture10", "Pt1", "Text5"};
 constexpr std::array closing{"Pic2", "Picture10", "Pt1", "LblNoteName"};
@@ -51,9 +51,9 @@ void NoteTest::Text5_DblClick() {
 void NoteTest::moveVolume(int button, double X) {
     auto& slider = studio_.Form5.lblVolume;
     if (!volumeHeld_) return;
-    if ((button & leftButton) != 0) {
+    if ((button & mouse::left) != 0) {
         slider.drag(X);
-    } else if ((button & rightButton) != 0) {
+    } else if ((button & mouse::right) != 0) {
         auto& tracks = studio_.tracks;
         tracks.TrackVolume[static_cast<std::size_t>(tracks.CurrentTrack)] = 127;
         slider.set(slider.scale().resting);

@@ -1,5 +1,6 @@
 #include "synth/key_mouse.h"
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "synth/key_chords.h"
 #include "synth/key_colours.h"
@@ -8,7 +9,6 @@ namespace melvane {
 
 namespace {
 
-constexpr int leftButton = 1;
 constexpr int repaintedKeys = 14;  // over the root, at a release
 constexpr Colour shownText{0x80, 0xFF, 0xFF};
 constexpr int octaveType = 10;
@@ -26,7 +26,7 @@ KeyMouse::KeyMouse(Studio& studio, KeySounds& sounds, EventLoop& loop)
 }
 
 void KeyMouse::CmdKey_MouseDown(int index, int button, int, double, double) {
-    if (button != leftButton || !isKey(index)) return;
+    if (button != mouse::left || !isKey(index)) return;
     studio_.keyboard.PressedKeyText = std::to_string(index);
     clicked_ = {index, {}};
     takenAway_ = false;
@@ -83,7 +83,7 @@ void KeyMouse::releaseClickedKey() {
     takenAway_ = true;
     if (!clicked_) return;
     if (clicked_->word) studio_.keyboard.NoteWord[0] = *clicked_->word;
-    CmdKey_MouseUp(clicked_->index, leftButton, 0, 0, 0);
+    CmdKey_MouseUp(clicked_->index, mouse::left, 0, 0, 0);
 }
 
 void KeyMouse::Label4_MouseMove(int, int, double, double) {

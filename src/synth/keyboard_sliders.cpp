@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 
+#include "core/mouse_buttons.h"
 #include "core/names.h"
 #include "midi/messages.h"
 
@@ -11,7 +12,6 @@ namespace melvane {
 
 namespace {
 
-constexpr int leftButton = 1, rightButton = 2;
 constexpr int middleOctave = 5;  // the slider's number in the middle of its way
 constexpr double middle = 0.5;
 
@@ -156,10 +156,10 @@ void KeyboardSliders::move(Slider slider, int button, double X) {
     auto& moved = control(slider);
     if (!held(slider)) {
         if (entryOf(slider).shows) moved.setTip(decimalText(valueAt(slider, X)));
-    } else if ((button & leftButton) != 0) {
+    } else if ((button & mouse::left) != 0) {
         show(slider, valueAt(slider, X));
         moved.setPlace(moved.fractionAt(X));
-    } else if ((button & rightButton) != 0) {
+    } else if ((button & mouse::right) != 0) {
         rest(slider);
     }
 }

@@ -1,3 +1,4 @@
+#include "core/mouse_buttons.h"
 #include "tutorial/lessons.h"
 
 namespace melvane {
@@ -41,7 +42,7 @@ constexpr auto steps = std::to_array<LessonStep>({
        "the name of the instrument on the bar.",
        "Choose an instrument for the first note in the left list of the window that opens, and click OK."}},
      {{drawTool(), noNoteTest(), returnToStart(), firstChannel, note(0, 1, 12), put("form1", "Check1", 1),
-       wait(), inspect(0), wait(), call("form1", "Pic2a_MouseUp", leftButton, 0, columnMiddle(0), 4),
+       wait(), inspect(0), wait(), call("form1", "Pic2a_MouseUp", mouse::left, 0, columnMiddle(0), 4),
        call("form1", "Text5_DblClick"), noEffects}}},
     {"3. Edit groups of notes at a time.......",
      {{"Groups of notes are edited with the Editing toolbar (Button #10 on the main toolbar).",

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <span>
 
+#include "core/mouse_buttons.h"
+
 /// What a lesson is made of. A lesson is a table of steps, a step its caption, its tip and its actions; a new
 /// lesson needs no code beside its table.
 namespace melvane {
@@ -55,7 +57,6 @@ struct Lesson {
 /// The words of which tables are written.
 namespace lesson {
 
-inline constexpr int leftButton = 1, rightButton = 2;
 inline constexpr int noIndex = -1;
 
 template <class... Numbers>
@@ -98,28 +99,28 @@ constexpr LessonAction stroke(const char* surface, int button, int first, int la
     return {LessonAction::Kind::stroke, "form1", surface, {button, first, last, row}, 4};
 }
 constexpr LessonAction note(int first, int last, int row) {
-    return stroke("MusicBox", leftButton, first, last, row);
+    return stroke("MusicBox", mouse::left, first, last, row);
 }
 constexpr LessonAction erase(int column, int row) {
-    return stroke("MusicBox", rightButton, column, column, row);
+    return stroke("MusicBox", mouse::right, column, column, row);
 }
 constexpr LessonAction selectColumns(int first, int last) {
-    return stroke("MusicBox", leftButton, first, last, 0);
+    return stroke("MusicBox", mouse::left, first, last, 0);
 }
 constexpr LessonAction beat(int column, int row) {
-    return stroke("Beatbox", leftButton, column, column, row);
+    return stroke("Beatbox", mouse::left, column, column, row);
 }
 
 /// The note selector's strip, at a column of the page.
 constexpr int columnMiddle(int column) { return column * 12 + 6; }  // pixels
 constexpr LessonAction inspect(int column) {
-    return call("form1", "Pic2a_MouseDown", leftButton, 0, columnMiddle(column), 4);
+    return call("form1", "Pic2a_MouseDown", mouse::left, 0, columnMiddle(column), 4);
 }
 constexpr LessonAction change(int column) {
-    return call("form1", "Pic2a_MouseDown", rightButton, 0, columnMiddle(column), 4);
+    return call("form1", "Pic2a_MouseDown", mouse::right, 0, columnMiddle(column), 4);
 }
 constexpr LessonAction endChange(int column) {
-    return call("form1", "Pic2a_MouseUp", rightButton, 0, columnMiddle(column), 4);
+    return call("form1", "Pic2a_MouseUp", mouse::right, 0, columnMiddle(column), 4);
 }
 
 }  // namespace lesson

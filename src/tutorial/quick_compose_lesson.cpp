@@ -1,3 +1,4 @@
+#include "core/mouse_buttons.h"
 #include "tutorial/lessons.h"
 
 namespace melvane {
@@ -28,7 +29,7 @@ constexpr auto steps = std::to_array<LessonStep>({
        "Choose an instrument for the first note of Channel 1 in the left list of the window that opens, and "
        "click OK."}},
      {{returnToStart(), channel(0), effects, inspect(0), wait(),
-       call("form1", "Pic2a_MouseUp", leftButton, 0, columnMiddle(0), 4), call("form1", "Text5_DblClick")}}},
+       call("form1", "Pic2a_MouseUp", mouse::left, 0, columnMiddle(0), 4), call("form1", "Text5_DblClick")}}},
     {"5. Adjust the note volume control",
      {{"Move the slider Volume. It is the volume of the notes that you change next.",
        "The right mouse button puts a slider to rest."}},

@@ -5,6 +5,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "core/mouse_buttons.h"
 #include "core/qt_mouse.h"
 #include "ui/framed_window.h"
 #include "ui/qt_window_place.h"
@@ -12,8 +13,6 @@
 namespace melvane {
 
 namespace {
-
-constexpr int leftButton = 1;
 
 constexpr std::array<Qt::Edges, frameParts> gripEdges{
     Qt::TopEdge | Qt::LeftEdge,  Qt::Edges(Qt::LeftEdge),        Qt::BottomEdge | Qt::LeftEdge,
@@ -101,7 +100,7 @@ void FramedWindow::DragWindow() {
 }
 
 void FramedWindow::Resizer_MouseDown(int index, int button, int, double X, double Y) {
-    if (index < 0 || index >= frameParts || button != leftButton) return;
+    if (index < 0 || index >= frameParts || button != mouse::left) return;
     const auto at = static_cast<std::size_t>(index);
     if (!placesItself() && windowHandle() != nullptr) {
         windowHandle()->startSystemResize(gripEdges[at]);

@@ -5,6 +5,7 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "core/mouse_buttons.h"
 #include "core/settings.h"
 #include "ui/qt_bindings.h"
 #include "ui/qt_style.h"
@@ -17,7 +18,6 @@ constexpr std::array<Qt::CursorShape, frameParts> gripPointers{
     Qt::SizeFDiagCursor, Qt::SizeHorCursor, Qt::SizeBDiagCursor, Qt::SizeVerCursor,
     Qt::SizeFDiagCursor, Qt::SizeHorCursor, Qt::SizeBDiagCursor, Qt::SizeVerCursor};
 
-constexpr int leftButton = 1;
 constexpr Int16 normalState = 0, minimisedState = 1, maximisedState = 2;
 
 QRect rectOf(const FrameRect& rect) { return {rect.left, rect.top, rect.width, rect.height}; }
@@ -202,7 +202,7 @@ void FramedWindow::putTitleButtonsLast() {
 // Title bar
 
 void FramedWindow::lblTitle_MouseDown(int button, int, double, double) {
-    if (button == leftButton) DragWindow();
+    if (button == mouse::left) DragWindow();
 }
 
 void FramedWindow::TopBar_MouseDown(int button, int shift, double X, double Y) {
