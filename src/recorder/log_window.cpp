@@ -17,7 +17,8 @@ constexpr int outerMargin = 12, usualWidth = 480, usualHeight = 320;  // pixels
 }  // namespace
 
 frmLog::frmLog(Studio& studio, RecorderWindowCommands& commands, QWidget* parent)
-    : FramedWindow(studio, {"frmLog", "Recording Log", {}, true, Qt::Tool}, parent),
+    : FramedWindow(studio, {.name = "frmLog", .title = "Recording Log", .resizes = true, .kind = Qt::Tool},
+                   parent),
       studio_(studio),
       commands_(commands) {
     auto* const box = new QVBoxLayout(client());

@@ -26,7 +26,7 @@ std::int64_t handleOf(const QWidget& widget) {
 }  // namespace
 
 Record::Record(Studio& studio, RecorderCommands& commands, QWidget* parent)
-    : ToolWindow(studio, {"Record", "Sound Recorder", {}, false, Qt::Tool},
+    : ToolWindow(studio, {.name = "Record", .title = "Sound Recorder", .resizes = false, .kind = Qt::Tool},
                  {studio.Record.place, studio.shell.RecorderOpen}, parent),
       commands_(commands) {
     auto* const rows = new QVBoxLayout(client());

@@ -53,7 +53,7 @@ QToolButton* makeTracksButton(CheckControl& one, QWidget* parent) {
 }  // namespace
 
 Form2::Form2(Studio& studio, EditingToolbarCommands& commands, QWidget* parent)
-    : ToolWindow(studio, {"Form2", "Editing Toolbar", {}, false, Qt::Tool},
+    : ToolWindow(studio, {.name = "Form2", .title = "Editing Toolbar", .resizes = false, .kind = Qt::Tool},
                  {studio.Form2.place, studio.shell.Form2Open}, parent),
       studio_(studio),
       commands_(commands) {

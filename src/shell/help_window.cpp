@@ -53,7 +53,7 @@ QList<QTextEdit::ExtraSelection> placesOf(const QStringList& words, QTextDocumen
 }  // namespace
 
 HelpWindow::HelpWindow(Studio& studio, QWidget* parent)
-    : FramedWindow(studio, {"Help", "Melvane Help"}, parent),
+    : FramedWindow(studio, {.name = "Help", .title = "Melvane Help"}, parent),
       words_(new QLineEdit),
       topics_(new QListWidget),
       page_(new QTextBrowser) {

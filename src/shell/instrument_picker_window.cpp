@@ -41,7 +41,8 @@ QPushButton* makeButton(const char* name, const QString& text, const QString& ti
 }  // namespace
 
 FrmInst::FrmInst(Studio& studio, InstrumentPicker& picker, QWidget* parent)
-    : FramedWindow(studio, {"FrmInst", "Instruments", {}, true, Qt::Dialog}, parent),
+    : FramedWindow(studio, {.name = "FrmInst", .title = "Instruments", .resizes = true, .kind = Qt::Dialog},
+                   parent),
       studio_(studio),
       picker_(picker) {
     setWindowModality(Qt::ApplicationModal);

@@ -34,7 +34,13 @@ constexpr int smallestTablet = 180;  // with what lies around it; the tableau le
 }  // namespace
 
 form1::form1(Studio& studio)
-    : FramedWindow(studio, {"form1", "Melvane  v2.3 ", {true, true, true}, true, Qt::Window}, nullptr),
+    : FramedWindow(studio,
+                   {.name = "form1",
+                    .title = "Melvane  v2.3 ",
+                    .buttons = {.minimises = true, .maximises = true, .helps = true},
+                    .resizes = true,
+                    .kind = Qt::Window},
+                   nullptr),
       studio_(studio),
       toolbar_(new MainToolbar(studio, client())),
       Picmain_(new TabletPanel(studio, client())),

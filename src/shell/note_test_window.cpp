@@ -48,7 +48,8 @@ bool isBare(const QObject& part, const QMouseEvent& mouse) {
 }  // namespace
 
 Form5::Form5(Studio& studio, NoteTest& panel, QWidget* parent)
-    : FramedWindow(studio, {"Form5", "Static note Test", {}, false, Qt::Tool}, parent),
+    : FramedWindow(studio, {.name = "Form5", .title = "Static note Test", .resizes = false, .kind = Qt::Tool},
+                   parent),
       studio_(studio),
       panel_(panel) {
     auto* const rows = new QVBoxLayout(client());

@@ -26,7 +26,7 @@ constexpr double roomBelow = 400;                                 // twips, unde
 }  // namespace
 
 Form3::Form3(Studio& studio, Engine& engine, QWidget* parent)
-    : FramedWindow(studio, {"Form3", "Setup Toolbar", {}, false}, parent),
+    : FramedWindow(studio, {.name = "Form3", .title = "Setup Toolbar", .resizes = false}, parent),
       studio_(studio),
       engine_(engine),
       pages_(new QTabWidget(client())) {

@@ -34,7 +34,12 @@ constexpr int paneBorder = 1;
 }  // namespace
 
 frmsynth::frmsynth(Studio& studio, KeyboardCommands& commands)
-    : FramedWindow(studio, {"frmsynth", "Melvane  Keyboard  v1.0", {true, true, true}, true, Qt::Window},
+    : FramedWindow(studio,
+                   {.name = "frmsynth",
+                    .title = "Melvane  Keyboard  v1.0",
+                    .buttons = {.minimises = true, .maximises = true, .helps = true},
+                    .resizes = true,
+                    .kind = Qt::Window},
                    nullptr),
       studio_(studio),
       commands_(commands),

@@ -22,7 +22,7 @@ constexpr int moreThanText = 10;  // that the window is higher than its text
 }  // namespace
 
 frminfo::frminfo(Studio& studio, TutorialTip& tip, QWidget* parent)
-    : FramedWindow(studio, {"frminfo", "Tip", {}, false, Qt::Dialog}, parent),
+    : FramedWindow(studio, {.name = "frminfo", .title = "Tip", .resizes = false, .kind = Qt::Dialog}, parent),
       studio_(studio),
       tip_(tip),
       Label1_(new QLabel(client())) {

@@ -48,7 +48,12 @@ void showMark(QPushButton& button, bool marked) {
 }  // namespace
 
 Wiz::Wiz(Studio& studio, Tutorial& tutorial, QWidget* parent)
-    : ToolWindow(studio, {"Wiz", "Melvane Wizard", {false, false, true}, false, Qt::Tool},
+    : ToolWindow(studio,
+                 {.name = "Wiz",
+                  .title = "Melvane Wizard",
+                  .buttons = {.helps = true},
+                  .resizes = false,
+                  .kind = Qt::Tool},
                  {studio.Wiz.place, studio.shell.WizardOpen}, parent),
       studio_(studio),
       tutorial_(tutorial),
