@@ -45,13 +45,15 @@ TEST_F(PopupMenusTest, ToolbarButtonsShowTheirWindows) {
 }
 
 TEST_F(PopupMenusTest, TheTipWindowGoesBeforeTheMenusOfModeAndHelp) {
+    Calls& calls = toolWindows.calls;
+    engine.toolbar.openMenu = [&](int button) { calls.push_back("menu " + std::to_string(button)); };
     windowCalls();
     engine.toolbar.Cmd2_Click(3);
-    EXPECT_EQ(windowCalls(), (Calls{"unload frminfo"}));
+    EXPECT_EQ(windowCalls(), (Calls{"unload frminfo", "menu 3"}));
     engine.toolbar.Cmd2_Click(8);
-    EXPECT_EQ(windowCalls(), Calls{});
+    EXPECT_EQ(windowCalls(), (Calls{"menu 8"}));
     engine.toolbar.Cmd2_Click(12);
-    EXPECT_EQ(windowCalls(), (Calls{"unload frminfo"}));
+    EXPECT_EQ(windowCalls(), (Calls{"unload frminfo", "menu 12"}));
 }
 
 TEST_F(PopupMenusTest, TheSetupToolbarIsShownAndHidden) {
