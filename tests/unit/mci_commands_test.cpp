@@ -1,5 +1,6 @@
 #include "recorder/mci_commands.h"
 
+#include "platform/media_wave_format.h"
 #include "recorder/capture_formats.h"
 #include "recorder_fixture.h"
 
@@ -159,6 +160,12 @@ TEST_F(MciCommandsTest, TheNineFormatsHaveTheirRowsAndAnyOtherTextHasNone) {
     EXPECT_EQ(captureFormat("44.100Hz, 16bit Stereo, 172k/sec").bytesPerSecond(), 176400);
     EXPECT_EQ(captureFormat("").samplesPerSecond, 0);
     EXPECT_EQ(captureFormat("96.000Hz").bytesPerSecond(), 0);
+}
+
+TEST_F(MciCommandsTest, TheDeviceRecordsEachOfTheNineFormats) {
+    for (const CaptureFormat& format : captureFormats) {
+        EXPECT_TRUE(isRecorded({format.samplesPerSecond, format.channels, format.bits})) << format.text;
+    }
 }
 
 TEST_F(MciCommandsTest, TheDriverOfMp3FilesIsWrittenWhenTheWindowLoads) {
