@@ -1,7 +1,5 @@
 #include "platform/audio_file_draft.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/descriptor.h"
 #include "platform/nameless_file.h"
 
 namespace melvane {
@@ -22,10 +21,9 @@ FileDraft::~FileDraft() { discard(); }
 
 int FileDraft::open() {
     // A device such as /dev/null has no content of its own to protect, and must not be replaced by a file.
-    struct stat target {};
-    if (stat(target_.c_str(), &target) == 0 && !S_ISREG(target.st_mode)) {
+    if (isNoOrdinaryFile(target_)) {
         isTarget_ = true;
-        return descriptor_ = ::open(target_.c_str(), O_RDWR | O_CLOEXEC);
+        return descriptor_ = openForBoth(target_);
     }
     descriptor_ = openNameless(std::filesystem::path(target_).parent_path().string());
     if (descriptor_ >= 0) return descriptor_;
@@ -38,14 +36,14 @@ int FileDraft::open() {
 std::optional<std::string> FileDraft::complete() {
     if (descriptor_ < 0) return failure("it is not open");
     if (isTarget_) return std::nullopt;
-    if (fsync(descriptor_) != 0 || !takeName()) return failure(lastSystemError());
+    if (!bringToDisk(descriptor_) || !takeName()) return failure(lastSystemError());
     temporary_.clear();
     return std::nullopt;
 }
 
 bool FileDraft::takeName() {
     if (temporary_.empty()) return nameFile(descriptor_, target_);
-    return std::rename(temporary_.c_str(), target_.c_str()) == 0;
+    return renameOpen(descriptor_, temporary_, target_);
 }
 
 std::string FileDraft::failure(const std::string& reason) const {

@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 
 #include "platform/audio_file_samples.h"
+#include "platform/descriptor.h"
 #include "platform/sound_source.h"
 
 namespace melvane {
@@ -27,16 +27,6 @@ std::string reasonOf(int encoderResult) {
         default:
             return "the encoder failed with code " + std::to_string(encoderResult);
     }
-}
-
-bool writeAll(int descriptor, std::span<const unsigned char> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 }  // namespace
@@ -78,7 +68,8 @@ bool Mp3Writer::fail(const std::string& reason) {
 
 bool Mp3Writer::store(int encodedBytes) {
     if (encodedBytes < 0) return fail(reasonOf(encodedBytes));
-    const auto bytes = std::span<const unsigned char>(encoded_).first(static_cast<std::size_t>(encodedBytes));
+    const std::string_view bytes(reinterpret_cast<const char*>(encoded_.data()),
+                                 static_cast<std::size_t>(encodedBytes));
     return writeAll(descriptor_, bytes) || fail(lastSystemError());
 }
 

@@ -1,15 +1,13 @@
 #include "platform/files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 
 #include "platform/audio_file_draft.h"
+#include "platform/descriptor.h"
 #include "platform/text.h"
 
 namespace melvane {
@@ -27,23 +25,12 @@ std::string writtenPath(const std::string& path) {
     return failed ? path : resolved.string();
 }
 
-bool writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 /// For a file that may be written in a folder where none can be made: there is no way to keep the old one
 /// meanwhile.
 bool replaceInPlace(const std::string& path, std::string_view bytes) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    const int descriptor = openForWriting(path);
     if (descriptor < 0) return false;
-    const bool written =
-        writeAll(descriptor, bytes) && ftruncate(descriptor, static_cast<off_t>(bytes.size())) == 0;
+    const bool written = writeAll(descriptor, bytes) && setLength(descriptor, bytes.size());
     return ::close(descriptor) == 0 && written;
 }
 
@@ -82,24 +69,21 @@ bool fileExists(const std::string& path) {
 std::optional<std::string> writeFileWhole(const std::string& path, std::string_view bytes) {
     const std::string target = writtenPath(path);
     FileDraft draft(target);
-    struct stat earlier {};
-    const bool replaces = stat(target.c_str(), &earlier) == 0;
-    if (replaces && access(target.c_str(), W_OK) != 0) return draft.failure(lastSystemError());
+    const std::optional<unsigned> earlier = rightsOf(target);
+    if (earlier && !mayBeWritten(target)) return draft.failure(lastSystemError());
     const int descriptor = draft.open();
     if (descriptor < 0) {
         const std::string reason = lastSystemError();
-        const bool inPlace = replaces && replaceInPlace(target, bytes);
+        const bool inPlace = earlier && replaceInPlace(target, bytes);
         return inPlace ? std::nullopt : std::optional(draft.failure(reason));
     }
-    // Rights that cannot be kept do not stop the writing.
-    if (replaces) [[maybe_unused]]
-        const int ignored = fchmod(descriptor, earlier.st_mode & 07777U);
+    if (earlier) giveRights(descriptor, *earlier);
     if (!writeAll(descriptor, bytes)) return draft.failure(lastSystemError());
     return draft.complete();
 }
 
 bool overwriteFile(const std::string& path, std::string_view bytes) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    const int descriptor = openOrMake(path);
     if (descriptor < 0) return false;
     const bool written = writeAll(descriptor, bytes);
     return ::close(descriptor) == 0 && written;

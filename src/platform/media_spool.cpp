@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/audio_file_draft.h"
+#include "platform/descriptor.h"
 #include "platform/nameless_file.h"
 
 namespace melvane {
@@ -57,16 +58,6 @@ void giveUp(int descriptor) {
     } else {
         close(descriptor);
     }
-}
-
-bool writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 }  // namespace

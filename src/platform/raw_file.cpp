@@ -2,25 +2,17 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
+
+#include "platform/descriptor.h"
 
 namespace melvane {
 
 namespace {
 
-constexpr mode_t usualRights = 0666;
 constexpr std::size_t headerSize = 44, aheadSize = 65536;  // bytes
-
-bool isOrdinary(int descriptor) {
-    struct stat about {};
-    return fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode);
-}
 
 /// Little endian.
 template <std::size_t Size>
@@ -34,15 +26,10 @@ void put(std::array<unsigned char, headerSize>& header, std::size_t offset, std:
 bool clsFileIo::OpenFile(const std::string& name) {
     CloseFile();
     if (name.empty()) return false;
-    constexpr int always = O_CLOEXEC | O_NONBLOCK;  // a pipe of that name holds nobody up
-    descriptor_ = open(name.c_str(), O_RDWR | O_CREAT | always, usualRights);
-    if (descriptor_ < 0 && (errno == EACCES || errno == EROFS))
-        descriptor_ = open(name.c_str(), O_RDONLY | always);
+    descriptor_ = openAlone(name);
     if (descriptor_ < 0) return false;
     name_ = name;
-    if (isOrdinary(descriptor_) && flock(descriptor_, LOCK_EX | LOCK_NB) == 0) return true;
-    CloseFile();
-    return false;
+    return true;
 }
 
 bool clsFileIo::CloseFile() {
@@ -55,7 +42,7 @@ bool clsFileIo::CloseFile() {
     return closed;
 }
 
-bool clsFileIo::FlushBuffers() const { return isOpen() && fsync(descriptor_) == 0; }
+bool clsFileIo::FlushBuffers() const { return isOpen() && bringToDisk(descriptor_); }
 
 bool clsFileIo::writeWavHeader(std::uint32_t dataSize) {
     std::array<unsigned char, headerSize> header{};
@@ -76,18 +63,12 @@ bool clsFileIo::writeWavHeader(std::uint32_t dataSize) {
 bool clsFileIo::WriteBytes(std::span<const unsigned char> bytes) {
     if (!isOpen()) return false;
     forgetAhead();
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
+    return writeAll(descriptor_, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
 /// The place in the file is again where the last read ended for the caller.
 void clsFileIo::forgetAhead() {
-    if (taken_ < ahead_.size()) lseek(descriptor_, -static_cast<off_t>(ahead_.size() - taken_), SEEK_CUR);
+    if (taken_ < ahead_.size()) stepBack(descriptor_, ahead_.size() - taken_);
     ahead_.clear();
     taken_ = 0;
 }
@@ -96,12 +77,9 @@ void clsFileIo::forgetAhead() {
 bool clsFileIo::readAhead() {
     ahead_.resize(aheadSize);
     taken_ = 0;
-    ssize_t count = -1;
-    do {
-        count = read(descriptor_, ahead_.data(), ahead_.size());
-    } while (count < 0 && errno == EINTR);
-    ahead_.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-    return count >= 0;
+    const std::optional<std::size_t> count = readSome(descriptor_, ahead_);
+    ahead_.resize(count.value_or(0));
+    return count.has_value();
 }
 
 bool clsFileIo::ReadBytes(std::span<unsigned char> bytes) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/audio_file_draft.h"
-#include "platform/nameless_file.h"
+#include "platform/descriptor.h"
 
 namespace melvane {
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "platform/audio_file_draft.h"
+#include "platform/descriptor.h"
 #include "platform/files.h"
 #include "platform/nameless_file.h"
 #include "temporary_folder.h"
