@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -52,7 +51,8 @@ std::string FileDraft::failure(const std::string& reason) const {
 
 void FileDraft::discard() {
     if (descriptor_ >= 0) ::close(descriptor_);
-    if (!temporary_.empty()) std::remove(temporary_.c_str());
+    std::error_code ignored;
+    if (!temporary_.empty()) std::filesystem::remove(temporary_, ignored);
     descriptor_ = -1;
     temporary_.clear();
 }

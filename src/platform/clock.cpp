@@ -6,6 +6,18 @@
 
 namespace melvane {
 
+namespace {
+
+bool toLocalTime(std::time_t moment, std::tm& local) {
+#ifdef _WIN32
+    return localtime_s(&local, &moment) == 0;
+#else
+    return localtime_r(&moment, &local) != nullptr;
+#endif
+}
+
+}  // namespace
+
 int Clock::secondOfDay() const {
     constexpr std::int64_t secondsADay = 24 * 60 * 60;
     return static_cast<int>(counter() / frequency() % secondsADay);
@@ -19,7 +31,7 @@ std::int64_t SteadyClock::counter() const {
 int SteadyClock::secondOfDay() const {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
-    if (localtime_r(&now, &local) == nullptr) return Clock::secondOfDay();
+    if (!toLocalTime(now, local)) return Clock::secondOfDay();
     constexpr int secondsAnHour = 3600, secondsAMinute = 60;
     return local.tm_hour * secondsAnHour + local.tm_min * secondsAMinute + std::min(local.tm_sec, 59);
 }

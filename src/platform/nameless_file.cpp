@@ -6,9 +6,10 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <random>
+#include <string_view>
 
 #include "platform/descriptor.h"
+#include "platform/random_letters.h"
 
 namespace melvane {
 
@@ -50,13 +51,9 @@ void removeStrays(const fs::path& folder) {
 
 /// Names it beside the target, with a name that no file has; empty when that fails.
 std::string linkBeside(int descriptor, const std::string& target) {
-    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
     constexpr int mostTries = 100;
-    std::random_device random;
-    std::uniform_int_distribution<std::size_t> any(0, letters.size() - 1);
     for (int tries = 0; tries < mostTries; ++tries) {
-        std::string name = (folderOf(target) / draftPrefix).string();
-        for (std::size_t at = 0; at < draftEnding.size(); ++at) name += letters[any(random)];
+        std::string name = (folderOf(target) / draftPrefix).string() + randomLetters(draftEnding.size());
         if (linkAs(descriptor, name)) return name;
         if (errno != EEXIST) break;
     }
