@@ -6,6 +6,7 @@
 
 #include "core/names.h"
 #include "platform/files.h"
+#include "platform/system_path.h"
 
 namespace melvane {
 
@@ -26,9 +27,10 @@ bool FileOperations::FileExists(const std::string& path) const { return fileExis
 void FileOperations::DeleteFileAndWait(const std::string& path) {
     std::error_code error;
     // A device or a folder of that name is no file to be made anew.
-    if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
-    if (!std::ofstream(path, std::ios::binary | std::ios::app).is_open()) return;
-    if (!fs::remove(path, error) || error) return;
+    const fs::path name = systemPath(path);
+    if (fs::exists(name, error) && !fs::is_regular_file(name, error)) return;
+    if (!std::ofstream(name, std::ios::binary | std::ios::app).is_open()) return;
+    if (!fs::remove(name, error) || error) return;
     waitForFileSystem();
 }
 

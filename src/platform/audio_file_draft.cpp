@@ -9,6 +9,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/nameless_file.h"
+#include "platform/system_path.h"
 
 namespace melvane {
 
@@ -24,7 +25,7 @@ int FileDraft::open() {
         isTarget_ = true;
         return descriptor_ = openForBoth(target_);
     }
-    descriptor_ = openNameless(std::filesystem::path(target_).parent_path().string());
+    descriptor_ = openNameless(systemPath(target_).parent_path().string());
     if (descriptor_ >= 0) return descriptor_;
     std::string name;
     descriptor_ = openDraft(target_, name);
@@ -52,7 +53,7 @@ std::string FileDraft::failure(const std::string& reason) const {
 void FileDraft::discard() {
     if (descriptor_ >= 0) ::close(descriptor_);
     std::error_code ignored;
-    if (!temporary_.empty()) std::filesystem::remove(temporary_, ignored);
+    if (!temporary_.empty()) std::filesystem::remove(systemPath(temporary_), ignored);
     descriptor_ = -1;
     temporary_.clear();
 }

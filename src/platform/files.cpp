@@ -8,6 +8,7 @@
 
 #include "platform/audio_file_draft.h"
 #include "platform/descriptor.h"
+#include "platform/system_path.h"
 #include "platform/text.h"
 
 namespace melvane {
@@ -21,7 +22,7 @@ constexpr std::uintmax_t largestFile = 256U << 20U;
 /// Where the bytes go: a link's target, else the path itself.
 std::string writtenPath(const std::string& path) {
     std::error_code failed;
-    const fs::path resolved = fs::canonical(path, failed);
+    const fs::path resolved = fs::canonical(systemPath(path), failed);
     return failed ? path : resolved.string();
 }
 
@@ -51,9 +52,10 @@ fs::path entryNoCase(const fs::path& folder, const std::string& name) {
 
 std::optional<std::string> readFile(const std::string& path) {
     std::error_code failed;
-    const std::uintmax_t size = fs::is_regular_file(path, failed) ? fs::file_size(path, failed) : 0;
+    const fs::path name = systemPath(path);
+    const std::uintmax_t size = fs::is_regular_file(name, failed) ? fs::file_size(name, failed) : 0;
     if (failed || size > largestFile || !fileExists(path)) return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(name, std::ios::binary);
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(size));
     if (file.bad()) return std::nullopt;
@@ -63,7 +65,8 @@ std::optional<std::string> readFile(const std::string& path) {
 
 bool fileExists(const std::string& path) {
     std::error_code failed;
-    return fs::is_regular_file(path, failed) && std::ifstream(path, std::ios::binary).is_open();
+    const fs::path name = systemPath(path);
+    return fs::is_regular_file(name, failed) && std::ifstream(name, std::ios::binary).is_open();
 }
 
 std::optional<std::string> writeFileWhole(const std::string& path, std::string_view bytes) {
@@ -91,9 +94,10 @@ bool overwriteFile(const std::string& path, std::string_view bytes) {
 
 std::string findNoCase(const std::string& path) {
     std::error_code failed;
-    if (fs::exists(path, failed)) return path;
+    const fs::path name = systemPath(path);
+    if (fs::exists(name, failed)) return path;
     fs::path found;
-    for (const fs::path& component : fs::path(path)) {
+    for (const fs::path& component : name) {
         fs::path next = found / component;
         if (!fs::exists(next, failed)) {
             const fs::path entry = entryNoCase(found, component.string());

@@ -10,6 +10,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/random_letters.h"
+#include "platform/system_path.h"
 
 namespace melvane {
 
@@ -22,7 +23,7 @@ constexpr std::string_view draftPrefix = ".melvane.", draftEnding = "XXXXXX";
 constexpr std::chrono::seconds strayAge{60};
 
 fs::path folderOf(const std::string& target) {
-    const fs::path folder = fs::path(target).parent_path();
+    const fs::path folder = systemPath(target).parent_path();
     return folder.empty() ? fs::path(".") : folder;
 }
 

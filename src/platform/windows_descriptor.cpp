@@ -130,9 +130,10 @@ bool stepBack(int descriptor, std::size_t bytes) {
 }
 
 bool setLength(int descriptor, std::uint64_t bytes) {
-    const int reason = _chsize_s(descriptor, static_cast<std::int64_t>(bytes));
-    if (reason != 0) errno = reason;
-    return reason == 0;
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(bytes);
+    return SetFileInformationByHandle(handleOf(descriptor), FileEndOfFileInfo, &end, sizeof end) != 0 ||
+           failWithLastError();
 }
 
 bool bringToDisk(int descriptor) { return _commit(descriptor) == 0; }

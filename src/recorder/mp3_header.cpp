@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/system_path.h"
+
 namespace melvane {
 
 namespace {
@@ -30,8 +32,9 @@ Mp3Header readMp3Header(std::span<const unsigned char, 4> bytes) {
 
 std::optional<std::array<unsigned char, 4>> firstBytes(const std::string& path) {
     std::error_code failed;
-    if (!std::filesystem::is_regular_file(path, failed)) return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
+    const std::filesystem::path name = systemPath(path);
+    if (!std::filesystem::is_regular_file(name, failed)) return std::nullopt;
+    std::ifstream file(name, std::ios::binary);
     std::array<char, 4> read{};
     if (!file.read(read.data(), read.size())) return std::nullopt;
     std::array<unsigned char, 4> bytes{};

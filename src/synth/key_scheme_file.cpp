@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "platform/files.h"
+#include "platform/system_path.h"
 #include "platform/text.h"
 #include "synth/key_characters.h"
 
@@ -106,7 +107,7 @@ KeyLabels readKeyScheme(std::istream& file) {
 
 KeyLabels readKeySchemeFile(const std::string& path) {
     if (!fileExists(path)) return {};
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(systemPath(path), std::ios::binary);
     return readKeyScheme(file);
 }
 
