@@ -1,10 +1,7 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <csignal>
 #include <filesystem>
 
@@ -20,11 +17,6 @@ namespace {
 using test::TemporaryFolder;
 
 std::string content(const std::string& path) { return readFile(path).value_or("none"); }
-
-/// As if it had been written so long ago.
-void age(const std::string& path, std::chrono::seconds by) {
-    std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() - by);
-}
 
 TEST(NamelessFile, GetsItsNameWhenItIsComplete) {
     const TemporaryFolder folder;
@@ -69,30 +61,6 @@ TEST(FileDraft, LeavesNothingWhenTheProgramIsKilled) {
         testing::KilledBySignal(SIGKILL), "");
     EXPECT_EQ(content(target), "earlier");
     EXPECT_EQ(folder.fileCount(), 1U);
-}
-
-TEST(FileDraft, RemovesWhatProgramsThatAreGoneHaveLeft) {
-    const TemporaryFolder folder;
-    for (const char* const name :
-         {".melvane.abcdef", ".melvane.inwork", ".melvane.longer-name", ".other.abcdef", ".melvane.recent"})
-        folder.make(name, "left");
-    for (const auto& each : std::filesystem::directory_iterator(folder.path())) {
-        if (!each.path().string().ends_with("recent")) age(each.path().string(), std::chrono::minutes(5));
-    }
-    const int inWork = open(folder.file(".melvane.inwork").c_str(), O_RDONLY);
-    ASSERT_EQ(flock(inWork, LOCK_EX | LOCK_NB), 0);
-    std::string name;
-    const int draft = openDraft(folder.file("a"), name);
-    ASSERT_GE(draft, 0);
-    EXPECT_TRUE(std::filesystem::exists(name));
-    EXPECT_FALSE(std::filesystem::exists(folder.file(".melvane.abcdef")));
-    EXPECT_EQ(folder.fileCount(), 5U) << "the others are in work, recent, or no drafts";
-    age(name, std::chrono::minutes(5));
-    std::string second;
-    close(openDraft(folder.file("a"), second));
-    EXPECT_TRUE(std::filesystem::exists(name)) << "while it is written";
-    close(draft);
-    close(inWork);
 }
 
 TEST(FileDraft, HasTheRightsOfAnOrdinaryNewFileEitherWay) {

@@ -241,7 +241,7 @@ TEST_F(SngTest, ASaveAddsTheEndingAndLeavesTheScoreInHand) {
 }
 
 TEST_F(SngTest, ASaveThatFailsIsTold) {
-    studio.score.SaveFileName = folder.path() / "no such folder" / "a.sng";
+    studio.score.SaveFileName = folder.file("no such folder/a.sng");
     engine.files.SaveSongFile();
     const auto boxes = dialogs.takeBoxes();
     ASSERT_EQ(boxes.size(), 1U);

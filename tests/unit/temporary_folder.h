@@ -1,24 +1,28 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <system_error>
+
+#include "platform/random_letters.h"
 
 namespace melvane::test {
 
-/// A new, empty folder that is removed with everything in it at the end of the test.
+/// A new, empty folder, with a name that stays short everywhere, that is removed with everything in it at the end of the test.
 class TemporaryFolder {
  public:
     TemporaryFolder() : TemporaryFolder(testing::TempDir()) {}
     /// In that one, which ends in a slash.
     explicit TemporaryFolder(const std::string& parent) {
-        std::string name = parent + "melvane-XXXXXX";
-        if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary folder can be made at " << name;
-        path_ = name;
+        std::error_code failed;
+        do {
+            path_ = parent + "melv" + randomLetters(4);
+        } while (!std::filesystem::create_directory(path_, failed) && !failed);
+        if (failed) ADD_FAILURE() << "no temporary folder can be made at " << path_;
     }
     ~TemporaryFolder() {
         std::error_code ignored;

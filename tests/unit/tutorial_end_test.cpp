@@ -1,4 +1,5 @@
 #include <array>
+#include <cstddef>
 #include <filesystem>
 
 #include "tutorial_fixture.h"
@@ -13,7 +14,7 @@ class TutorialEndTest : public TutorialTest {
         return std::filesystem::exists(outside.directories.media() / name);
     }
     /// How many files lie where the samples are put.
-    long samples() const {
+    std::ptrdiff_t samples() const {
         return std::distance(std::filesystem::directory_iterator(outside.directories.media()), {});
     }
     /// Ends the program, and forgets what that has drawn and sent.
