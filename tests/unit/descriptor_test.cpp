@@ -29,11 +29,11 @@ TEST(Descriptor, WritingAtAPlaceLeavesThePresentPlace) {
 TEST(Descriptor, StepsBackAndReadsToTheEnd) {
     const TemporaryFolder folder;
     const int file = openForReading(folder.make("a", "ab\r\n\x1a.c"));
-    std::array<unsigned char, 8> bytes{};
-    EXPECT_EQ(readSome(file, bytes), 7U);
-    EXPECT_TRUE(stepBack(file, 3));
-    EXPECT_EQ(readSome(file, bytes), 3U);
-    EXPECT_EQ(bytes[0], 0x1a);
+    std::array<unsigned char, 4> bytes{};
+    EXPECT_EQ(readSome(file, bytes), 4U);
+    EXPECT_TRUE(stepBack(file, 1));
+    EXPECT_EQ(readSome(file, bytes), 4U);
+    EXPECT_EQ(bytes, (std::array<unsigned char, 4>{'\n', 0x1a, '.', 'c'}));
     EXPECT_EQ(readSome(file, bytes), 0U);
     EXPECT_FALSE(stepBack(file, 8));
     close(file);

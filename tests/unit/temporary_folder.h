@@ -12,7 +12,8 @@
 
 namespace melvane::test {
 
-/// A new, empty folder, with a name that stays short everywhere, that is removed with everything in it at the end of the test.
+/// A new, empty folder, with a name that stays short everywhere, that is removed with everything in it at the
+/// end of the test.
 class TemporaryFolder {
  public:
     TemporaryFolder() : TemporaryFolder(testing::TempDir()) {}
