@@ -15,6 +15,7 @@ namespace melvane {
 namespace {
 
 constexpr mode_t usualRights = 0666;
+constexpr int withoutWaiting = O_CLOEXEC | O_NONBLOCK;  // a pipe of that name holds nobody up
 constexpr const char* openFiles = "/proc/self/fd";
 
 bool isOrdinary(int descriptor) {
@@ -37,16 +38,15 @@ int openForReading(const std::string& path) { return ::open(path.c_str(), O_RDON
 int openForWriting(const std::string& path) { return ::open(path.c_str(), O_WRONLY | O_CLOEXEC); }
 
 int openOrMake(const std::string& path) {
-    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, usualRights);
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | withoutWaiting, usualRights);
 }
 
 int openForBoth(const std::string& path) { return ::open(path.c_str(), O_RDWR | O_CLOEXEC); }
 
 int openAlone(const std::string& path) {
-    constexpr int always = O_CLOEXEC | O_NONBLOCK;  // a pipe of that name holds nobody up
-    int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | always, usualRights);
+    int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | withoutWaiting, usualRights);
     if (descriptor < 0 && (errno == EACCES || errno == EROFS))
-        descriptor = ::open(path.c_str(), O_RDONLY | always);
+        descriptor = ::open(path.c_str(), O_RDONLY | withoutWaiting);
     if (descriptor < 0) return -1;
     if (isOrdinary(descriptor) && markInUse(descriptor)) return descriptor;
     ::close(descriptor);

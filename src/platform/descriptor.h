@@ -15,7 +15,7 @@ namespace melvane {
 int openForReading(const std::string& path);
 /// A file that is there, for writing.
 int openForWriting(const std::string& path);
-/// For writing; an empty file is made when there is none.
+/// For writing; an empty file is made when there is none. A pipe that nobody reads fails.
 int openOrMake(const std::string& path);
 /// A file that is there, for reading and writing.
 int openForBoth(const std::string& path);

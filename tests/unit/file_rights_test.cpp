@@ -42,5 +42,13 @@ TEST(FileRights, WhereTheFolderTakesNoNewFileAnEarlierOneIsChangedInItsPlace) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 2);
 }
 
+TEST(FileRights, APipeThatNobodyReadsHoldsNobodyUp) {
+    const test::TemporaryFolder folder;
+    const std::string pipe = folder.file("song.mid");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_FALSE(overwriteFile(pipe, "MThd"));
+    EXPECT_TRUE(fs::is_fifo(pipe));
+}
+
 }  // namespace
 }  // namespace melvane
