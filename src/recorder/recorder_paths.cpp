@@ -26,19 +26,6 @@ bool copyBytes(std::ifstream& source, int descriptor) {
     return !source.bad();
 }
 
-/// The copy has the file's rights.
-bool copyWhole(const std::string& from, const std::string& to) {
-    std::ifstream source(from, std::ios::binary);
-    if (!source.is_open()) return false;
-    FileDraft draft(to);
-    const int descriptor = draft.open();
-    if (descriptor < 0 || !copyBytes(source, descriptor) || draft.complete()) return false;
-    std::error_code failed;
-    const fs::file_status status = fs::status(from, failed);
-    if (!failed) fs::permissions(to, status.permissions(), failed);
-    return true;
-}
-
 }  // namespace
 
 std::string fileNameOf(const std::string& path) { return fs::path(path).filename().string(); }
@@ -64,12 +51,24 @@ void removeFile(const std::string& path) {
     if (fs::is_regular_file(path, failed)) fs::remove(path, failed);
 }
 
+bool copyFile(const std::string& from, const std::string& to) {
+    std::ifstream source(from, std::ios::binary);
+    if (!source.is_open()) return false;
+    FileDraft draft(to);
+    const int descriptor = draft.open();
+    if (descriptor < 0 || !copyBytes(source, descriptor) || draft.complete()) return false;
+    std::error_code failed;
+    const fs::file_status status = fs::status(from, failed);
+    if (!failed) fs::permissions(to, status.permissions(), failed);
+    return true;
+}
+
 bool moveFile(const std::string& from, const std::string& to) {
     std::error_code failed;
     if (fs::exists(to, failed) && !fs::is_regular_file(to, failed)) return false;
     fs::rename(from, to, failed);
     if (!failed) return true;
-    if (!copyWhole(from, to)) return false;
+    if (!copyFile(from, to)) return false;
     fs::remove(from, failed);
     return true;
 }

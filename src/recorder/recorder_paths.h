@@ -15,6 +15,9 @@ std::string withOtherEnding(const std::string& path, std::string_view ending);
 bool isSamePath(const std::string& path, const std::string& other);
 /// Quietly.
 void removeFile(const std::string& path);
+/// The copy has the file's rights. Whether the whole of it is there: an earlier file of that name stays
+/// otherwise.
+bool copyFile(const std::string& from, const std::string& to);
 /// Moves it over a border between file systems too. Whether it is there: an earlier file of that name is
 /// replaced by the whole of it or stays, and what is no file, such as a folder or a device, always stays.
 bool moveFile(const std::string& from, const std::string& to);
